@@ -1,0 +1,59 @@
+# The Linux backends: sound, system and windows, and the program that joins them.
+
+find_package(PkgConfig REQUIRED)
+pkg_check_modules(NEROLITH_SOUND REQUIRED IMPORTED_TARGET
+                  libavformat libavcodec libswresample libavutil libpulse fluidsynth)
+pkg_check_modules(NEROLITH_GLIB REQUIRED IMPORTED_TARGET glib-2.0)
+
+nerolith_sources(sound_sources platform/linux/sound)
+list(FILTER sound_sources EXCLUDE REGEX "/module\\.cpp$")
+nerolith_layer(nerolith_linux_sound SOURCES ${sound_sources}
+               USES nerolith_core PkgConfig::NEROLITH_SOUND)
+
+nerolith_sources(system_sources platform/linux/system)
+nerolith_layer(nerolith_linux_system SOURCES ${system_sources}
+               USES nerolith_core PkgConfig::NEROLITH_GLIB ${CMAKE_DL_LIBS})
+
+if(NOT NEROLITH_PROGRAM)
+  return()
+endif()
+
+find_package(Qt6 REQUIRED COMPONENTS Widgets)
+nerolith_sources(widget_sources platform/linux/widgets)
+nerolith_layer(nerolith_linux_widgets SOURCES ${widget_sources} USES nerolith_core Qt6::Widgets)
+if(widget_sources)
+  set_target_properties(nerolith_linux_widgets PROPERTIES AUTOMOC ON)
+  target_compile_options(nerolith_linux_widgets PRIVATE -fpch-preprocess)
+  target_precompile_headers(nerolith_linux_widgets PRIVATE <QtWidgets>)
+endif()
+
+# The decoders and the sound server's library live in a module of their own: the window is up
+# before any of them is loaded.
+set(sound_module "${CMAKE_SOURCE_DIR}/src/platform/linux/sound/module.cpp")
+if(EXISTS "${sound_module}")
+  add_library(velmarion-sound MODULE "${sound_module}")
+  target_link_libraries(velmarion-sound PRIVATE nerolith_linux_sound)
+  set_target_properties(velmarion-sound PROPERTIES
+                        PREFIX "" LIBRARY_OUTPUT_DIRECTORY "${NEROLITH_OUTPUT_DIR}")
+  target_link_options(velmarion-sound PRIVATE -Wl,-O1,--as-needed,-z,relro)
+endif()
+
+set(program_main "${CMAKE_SOURCE_DIR}/src/platform/linux/main.cpp")
+if(EXISTS "${program_main}")
+  add_executable(velmarion "${program_main}")
+  target_link_libraries(velmarion PRIVATE nerolith_core nerolith_linux_system
+                                          nerolith_linux_widgets)
+  set_target_properties(velmarion PROPERTIES RUNTIME_OUTPUT_DIRECTORY "${NEROLITH_OUTPUT_DIR}")
+  target_link_options(velmarion PRIVATE -Wl,-O1,--as-needed,-z,relro)
+  if(TARGET velmarion-sound)
+    add_dependencies(velmarion velmarion-sound)
+  endif()
+
+  set(skin "${CMAKE_SOURCE_DIR}/assets/skin.jpg")
+  if(EXISTS "${skin}")
+    add_custom_command(OUTPUT "${NEROLITH_OUTPUT_DIR}/skin.jpg"
+                       COMMAND ${CMAKE_COMMAND} -E copy "${skin}" "${NEROLITH_OUTPUT_DIR}/skin.jpg"
+                       DEPENDS "${skin}" VERBATIM)
+    add_custom_target(velmarion_skin ALL DEPENDS "${NEROLITH_OUTPUT_DIR}/skin.jpg")
+  endif()
+endif()

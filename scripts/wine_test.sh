@@ -1,0 +1,32 @@
+#!/bin/sh
+# wine_test.sh PREFIX_DIR PROGRAM [ARGUMENT...]: runs one Windows program under Wine, in a private
+# prefix, and hands on its output and its exit code.
+#
+# The output goes through a file: Wine's server outlives the program and would keep a pipe open, so
+# that whoever reads it waits for ever. A crash ends at once instead of showing a dialog.
+set -u
+prefix=$1
+shift
+
+mkdir -p "$prefix"
+export WINEPREFIX="$prefix/prefix" WINEDEBUG=-all
+export WINEDLLOVERRIDES="mscoree,mshtml=;winedbg.exe=d"
+export XDG_RUNTIME_DIR="${XDG_RUNTIME_DIR:-$prefix}"
+
+(
+    flock 9
+    if [ ! -f "$prefix/ready" ]; then
+        wine wineboot -i >"$prefix/wineboot.log" 2>&1 </dev/null 9>&- && touch "$prefix/ready"
+    fi
+) 9>"$prefix/lock"
+if [ ! -f "$prefix/ready" ]; then
+    echo "wine_test.sh: Wine could not set up its prefix; see $prefix/wineboot.log" >&2
+    exit 125
+fi
+
+log=$(mktemp "$prefix/output.XXXXXX")
+wine "$@" >"$log" 2>&1 </dev/null
+result=$?
+cat "$log"
+rm -f "$log"
+exit $result
