@@ -57,3 +57,11 @@ if(EXISTS "${program_main}")
     add_custom_target(velmarion_skin ALL DEPENDS "${NEROLITH_OUTPUT_DIR}/skin.jpg")
   endif()
 endif()
+
+# What ./run needs and a test build does not wait for.
+add_custom_target(player)
+foreach(part velmarion velmarion-sound velmarion_skin)
+  if(TARGET ${part})
+    add_dependencies(player ${part})
+  endif()
+endforeach()
