@@ -1,0 +1,68 @@
+// A window, as data.
+#pragma once
+
+#include <vector>
+
+#include "controls/control.h"
+#include "controls/keys.h"
+#include "controls/layout.h"
+#include "controls/menu.h"
+#include "controls/picture.h"
+#include "controls/timer.h"
+
+namespace nerolith::controls {
+
+/// Base of every form: what a window has besides its controls. Shown and hidden by setVisible; a
+/// window host renders it. Life of a form: made hidden -> visible -> activated (each time it comes
+/// to the front) -> unload when the user or code closes it.
+class Form : public Control {
+ public:
+  const std::string& caption() const { return caption_; }
+  void setCaption(std::string caption) { assign(caption_, std::move(caption)); }
+
+  /// Background of the panel; empty: the renderer's own.
+  const Picture& picture() const { return picture_; }
+  void setPicture(Picture picture) {
+    picture_ = std::move(picture);
+    changed.raise();
+  }
+
+  const Box& layout() const { return layout_; }
+  void setLayout(Box layout) { layout_ = std::move(layout); }
+
+  /// Controls that float over the layout while they are visible, below their anchor.
+  const std::vector<Overlay>& overlays() const { return overlays_; }
+  void addOverlay(Overlay overlay) { overlays_.push_back(overlay); }
+
+  /// Timers that run while the form lives, shown or not.
+  const std::vector<Timer*>& timers() const { return timers_; }
+  void addTimer(Timer& timer) { timers_.push_back(&timer); }
+
+  /// Closes the form, by the window's close button or from code: raises unload, then hides it.
+  void close() {
+    unload.raise();
+    setVisible(false);
+  }
+  /// Brings the window to the front and gives it the focus.
+  void bringForward() { forwardRequested.raise(); }
+  /// Pops `menu` up at the mouse position, or, opened by a key, below the focused control.
+  void popUpMenu(const MenuItem& menu) { popUpRequested.raise(menu); }
+
+  base::Signal<> activate;
+  base::Signal<> unload;
+  /// The window sees keys before its controls. Return of the key to the control is not stopped.
+  base::Signal<KeyPress> keyDown;
+
+  /// For window hosts.
+  base::Signal<> forwardRequested;
+  base::Signal<const MenuItem&> popUpRequested;
+
+ private:
+  std::string caption_;
+  Picture picture_;
+  Box layout_;
+  std::vector<Overlay> overlays_;
+  std::vector<Timer*> timers_;
+};
+
+}  // namespace nerolith::controls

@@ -1,0 +1,27 @@
+// All the doors of one machine, handed to the program at its start.
+#pragma once
+
+#include "platform/clock.h"
+#include "platform/dialogs.h"
+#include "platform/event_queue.h"
+#include "platform/file_system.h"
+#include "platform/filter_graph.h"
+#include "platform/picture_loader.h"
+#include "platform/settings_store.h"
+#include "platform/window_host.h"
+
+namespace nerolith::platform {
+
+/// References to doors that outlive the program. Parts are handed the single doors they need.
+struct Machine {
+  FilterGraphFactory& graphs;
+  FileSystem& files;
+  SettingsStore& settings;
+  Dialogs& dialogs;
+  PictureLoader& pictures;
+  Clock& clock;
+  EventQueue& events;
+  WindowHost& windows;
+};
+
+}  // namespace nerolith::platform
