@@ -8,7 +8,7 @@ out=$PWD/out/run
 mkdir -p "$out"
 rm -f "$out/screenshot.png" "$out/recording.wav"
 private=$(mktemp -d)
-started=
+started= recorder=
 
 # Ends only what this script started, newest first.
 finish() {
@@ -58,7 +58,8 @@ if [ "$has_sound" = no ]; then
         sleep 0.05
     done
     parec -d card.monitor --file-format=wav "$out/recording.wav" 2>"$private/parec.log" &
-    started="$! $started"
+    recorder=$!
+    started="$recorder $started"
     echo "No sound card used: playing into a virtual one."
 fi
 
@@ -87,6 +88,10 @@ if kill -0 $player 2>/dev/null; then
 else
     wait $player || result=$?
     echo "The player ended by itself with exit code $result." >&2
+fi
+if [ -n "$recorder" ]; then
+    kill "$recorder" 2>/dev/null || true
+    wait "$recorder" || true
 fi
 for made in screenshot.png recording.wav; do
     if [ -s "$out/$made" ]; then
