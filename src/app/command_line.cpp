@@ -1,0 +1,59 @@
+#include "app/command_line.h"
+
+#include <array>
+#include <charconv>
+#include <optional>
+
+namespace nerolith::app {
+namespace {
+
+std::string_view trimmed(std::string_view text) {
+  const auto first = text.find_first_not_of(" \t");
+  if (first == text.npos) return {};
+  return text.substr(first, text.find_last_not_of(" \t") - first + 1);
+}
+
+/// Only a text that is a number from end to end: "3 Doors.mp3" is a song, not a mode.
+std::optional<double> wholeNumber(std::string_view item) {
+  const std::string_view text = trimmed(item);
+  double value = 0;
+  const auto result = std::from_chars(text.data(), text.data() + text.size(), value);
+  if (text.empty() || result.ec != std::errc() || result.ptr != text.data() + text.size())
+    return std::nullopt;
+  return value;
+}
+
+bool namesMode(std::string_view text) {
+  const auto value = wholeNumber(text);
+  return value && *value > 0 && *value < 4;
+}
+
+std::string modeOf(std::string_view text) {
+  const double value = *wholeNumber(text);
+  if (value == 2) return "2";
+  if (value == 3) return "3";
+  return "1";
+}
+
+}  // namespace
+
+CommandLine parseCommandLine(std::string_view text) {
+  std::array<std::string_view, 2> items;
+  for (auto& item : items) {
+    const auto comma = text.find(',');
+    item = text.substr(0, comma);
+    text = comma == text.npos ? std::string_view{} : text.substr(comma + 1);
+  }
+  if (namesMode(items[0])) return {"", modeOf(items[0])};
+  CommandLine line{std::string(items[0]), "1"};
+  if (namesMode(items[1])) line.modeCode = modeOf(items[1]);
+  return line;
+}
+
+FolderAndName splitPath(std::string_view fileName, char separator) {
+  const auto last = fileName.rfind(separator);
+  if (last == fileName.npos) return {"", std::string(fileName)};
+  return {std::string(fileName.substr(0, last + 1)), std::string(fileName.substr(last + 1))};
+}
+
+}  // namespace nerolith::app
