@@ -1,6 +1,7 @@
 #include "library/song_list.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "base/failure.h"
 
@@ -32,6 +33,8 @@ SongList::SongList(controls::ListBox& list1, controls::TextBox& text1, controls:
       playedTags_(kTagged, base::kFalse),
       recentFlags_(kTagged, base::kFalse) {
   list1_.rowMarks = [this](int position) { return marksOf(position); };
+  mouseDown_ = list1_.mouseDown.subscribe([this](controls::MouseButton) { held = true; });
+  mouseUp_ = list1_.mouseUp.subscribe([this](controls::MouseButton) { held = false; });
 }
 
 controls::RowMarks SongList::marksOf(int position) const {
@@ -69,12 +72,31 @@ void SongList::setRecent(int position, bool recent) {
 void SongList::clearRecentFlags() {
   std::fill(recentFlags_.begin(), recentFlags_.end(), base::kFalse);
   anyRecent = false;
+  ++recentClearings_;
+  list1_.touchMarks();
+}
+
+void SongList::setMode(ListMode mode) {
+  if (std::exchange(mode_, mode) == mode) return;
+  findPlaying();
   list1_.touchMarks();
 }
 
 void SongList::setPlayingPosition(int position) {
-  playingPosition_ = position;
+  const bool listed = position >= 0 && position < list1_.count();
+  playingPosition_ = listed ? position : -1;
+  playingPath_ = listed ? pathOf(list1_.item(position)) : std::string();
   list1_.touchMarks();
+}
+
+void SongList::findPlaying() {
+  playingPosition_ = -1;
+  const std::string prefix = pathOf("");
+  if (playingPath_.empty() || playingPath_.compare(0, prefix.size(), prefix) != 0) return;
+  const std::string_view entry = std::string_view(playingPath_).substr(prefix.size());
+  const auto& items = list1_.items();
+  const auto found = std::find(items.begin(), items.end(), entry);
+  if (found != items.end()) playingPosition_ = static_cast<int>(found - items.begin());
 }
 
 std::string SongList::pathOf(std::string_view entry) const {
@@ -101,9 +123,9 @@ void SongList::reselectCurrent() {
 
 void SongList::refill(std::vector<std::string> entries) {
   const controls::ListBox::Walk hidden(list1_);
-  playingPosition_ = -1;
   list1_.setItems(std::move(entries));
   readListCount();
+  findPlaying();
   reselectCurrent();
   clearPlayedTags();
   clearRecentFlags();

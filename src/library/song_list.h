@@ -37,7 +37,7 @@ class SongList {
   controls::TextBox& text2() { return text2_; }
 
   ListMode mode() const { return mode_; }
-  void setMode(ListMode mode) { mode_ = mode; }
+  void setMode(ListMode mode);
 
   /// The list count that operations store when they refill or walk the list; it may lag behind.
   int listCount() const { return listCount_; }
@@ -56,14 +56,17 @@ class SongList {
   /// Clears all marks and `anyRecent`.
   void clearRecentFlags();
   bool anyRecent = false;
+  /// How often the marks were cleared, so that a scan can tell whether they are still its own.
+  unsigned recentClearings() const { return recentClearings_; }
 
   /// Random play found nothing left to play; the next start clears it and all played tags.
   bool listExhausted = false;
 
-  /// A mouse button is held on the list, or the total playtime is being counted.
+  /// A mouse button is held on the list (followed here), or the total playtime is being counted.
   bool held = false;
 
-  /// Position of the song that plays, -1 when none of the entries does.
+  /// Position of the song that plays, -1 when none of the entries does. A refill finds the song
+  /// again by its path, so that the mark survives a Refresh and a visit to another folder.
   int playingPosition() const { return playingPosition_; }
   void setPlayingPosition(int position);
 
@@ -80,6 +83,7 @@ class SongList {
 
  private:
   controls::RowMarks marksOf(int position) const;
+  void findPlaying();
 
   controls::ListBox& list1_;
   controls::TextBox& text1_;
@@ -87,8 +91,11 @@ class SongList {
   ListMode mode_ = ListMode::Folder;
   int listCount_ = 0;
   int playingPosition_ = -1;
+  std::string playingPath_;
+  unsigned recentClearings_ = 0;
   std::vector<base::Flag16> playedTags_;
   std::vector<base::Flag16> recentFlags_;
+  base::Subscription mouseDown_, mouseUp_;
 };
 
 }  // namespace nerolith::library
