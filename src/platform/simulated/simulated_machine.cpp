@@ -1,0 +1,19 @@
+#include "platform/simulated/simulated_machine.h"
+
+namespace nerolith::platform::simulated {
+
+SimulatedMachine::SimulatedMachine(char separator)
+    : clock(timeline),
+      events(timeline, doorway),
+      files(separator, doorway),
+      decks(files, timeline, doorway),
+      settings(doorway),
+      dialogs(timeline, doorway),
+      pictures(doorway),
+      windows(timeline, doorway) {}
+
+Machine SimulatedMachine::doors() {
+  return {decks, files, settings, dialogs, pictures, clock, events, windows};
+}
+
+}  // namespace nerolith::platform::simulated
