@@ -1,0 +1,39 @@
+// Decoding threads whose deck is gone.
+#pragma once
+
+#include <atomic>
+#include <chrono>
+#include <memory>
+#include <thread>
+#include <vector>
+
+namespace nerolith::sound {
+
+/// A deck must fall silent and go at once, even when its thread hangs in a network share that died.
+/// So a deck hands its thread over here. Threads that end are joined in passing; at the end of the
+/// program the rest get half a second and are then left to the system: they own all they touch.
+/// User-interface thread only.
+class RetiredThreads {
+ public:
+  static constexpr std::chrono::milliseconds kPatience{500};
+
+  RetiredThreads() = default;
+  ~RetiredThreads();
+  RetiredThreads(const RetiredThreads&) = delete;
+  RetiredThreads& operator=(const RetiredThreads&) = delete;
+
+  /// `ended` becomes true as the thread's last deed.
+  void retire(std::thread thread, std::shared_ptr<const std::atomic<bool>> ended);
+  /// Joins those that have ended.
+  void reap();
+  std::size_t waiting() const { return threads_.size(); }
+
+ private:
+  struct Retired {
+    std::thread thread;
+    std::shared_ptr<const std::atomic<bool>> ended;
+  };
+  std::vector<Retired> threads_;
+};
+
+}  // namespace nerolith::sound
