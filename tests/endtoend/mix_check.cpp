@@ -1,0 +1,136 @@
+#include "endtoend/mix_check.h"
+
+#include <algorithm>
+#include <cmath>
+#include <iomanip>
+#include <sstream>
+
+#include "endtoend/tones.h"
+
+namespace nerolith::endtoend {
+namespace {
+
+template <class... Words>
+std::string sentence(const Words&... words) {
+  std::ostringstream text;
+  text << std::fixed << std::setprecision(3);
+  (text << ... << words);
+  return text.str();
+}
+
+// The released deck is one step past -50 dB away; below this nothing of it is left.
+constexpr double kGone = -53;
+
+class MixChecker {
+ public:
+  MixChecker(const Sound& sound, const MixSettings& settings, const MixTolerance& tolerance,
+             Complaints& complaints)
+      : sound_(sound), settings_(settings), tolerance_(tolerance), complaints_(complaints) {}
+
+  // Both songs' first audible moments; negative when there is none.
+  double startOf(const MixedSong& song) const {
+    const auto heard = stretchesAbove(envelopeOf(sound_, song.hertz, 0, sound_.length(), 0.005),
+                                      kToneLevel - 6, 0.1);
+    return heard.empty() ? -1 : heard.front().from;
+  }
+
+  std::string check(const MixedSong& old, double oldStart, const MixedSong& next,
+                    double nextStart) {
+    const double end = oldStart - old.attack + old.length;
+    const double late = nextStart - next.attack - (end - settings_.lead);
+    if (std::abs(late) > tolerance_.start) complain(old, next, sentence("starts ", late, " s off"));
+    const Envelope fade =
+        envelopeOf(sound_, old.hertz, nextStart - 0.3, nextStart + settings_.length + 1.5, 0.005);
+    const double drift = checkSteps(old, next, fade, nextStart);
+    const double gone = checkGone(old, next, fade, nextStart);
+    return sentence(old.name, " > ", next.name, ": start ", late * 1000, " ms off, ", steps_,
+                    " steps, worst level ", worst_, " dB, worst step time ", drift * 1000,
+                    " ms, gone after ", gone, " s");
+  }
+
+ private:
+  void complain(const MixedSong& old, const MixedSong& next, const std::string& what) {
+    complaints_.push_back(old.name + " into " + next.name + ": " + what);
+  }
+
+  // Returns how far the worst step is from a steady beat.
+  double checkSteps(const MixedSong& old, const MixedSong& next, const Envelope& fade,
+                    double nextStart) {
+    const double step = 5000 / (settings_.length * 10 + 1);
+    const double full = fade.at(nextStart - 0.1);
+    const auto steps = fallingSteps(fade, nextStart - 0.1, nextStart + settings_.length + 1.0,
+                                    std::min(1.0, step / 200));
+    worst_ = 0;
+    steps_ = 0;
+    double hundredths = 0, drift = 0;
+    if (steps.empty()) return complain(old, next, "does not fade"), 0;
+    if (std::abs(full - kToneLevel) > tolerance_.level)
+      complain(old, next, sentence("is at ", full, " dB before it fades"));
+    const double wait = steps.front().at - nextStart;
+    if (wait < 0 || wait > tolerance_.firstStep)
+      complain(old, next, sentence("takes its first step ", wait, " s after the start"));
+    // The beat that fits best: half of the jitter goes to either side of it.
+    double lead = 0, lag = 0;
+    for (std::size_t n = 0; n < steps.size(); ++n) {
+      hundredths = std::nearbyint(hundredths - step);
+      if (hundredths / 100 < tolerance_.lowest) break;
+      const double off = steps[n].levelAfter - full - hundredths / 100;
+      if (std::abs(off) > std::abs(worst_)) worst_ = off;
+      const double time = steps[n].at - steps.front().at - 0.1 * static_cast<double>(n);
+      lead = std::min(lead, time), lag = std::max(lag, time);
+      ++steps_;
+    }
+    drift = (lag - lead) / 2;
+    const int due = static_cast<int>(-tolerance_.lowest * 100 / step);
+    if (std::abs(worst_) > tolerance_.level)
+      complain(old, next, sentence("leaves the line of the fade by ", worst_, " dB"));
+    if (steps_ < due) complain(old, next, sentence("takes ", steps_, " steps of ", due));
+    if (drift > tolerance_.stepTime)
+      complain(old, next, sentence("steps ", drift, " s off the beat"));
+    return drift;
+  }
+
+  double checkGone(const MixedSong& old, const MixedSong& next, const Envelope& fade,
+                   double nextStart) {
+    const double step = 5000 / (settings_.length * 10 + 1);
+    const double due = 0.1 * (std::floor(5000 / std::nearbyint(step)) + 1);
+    const auto heard = stretchesAbove(fade, kToneLevel + kGone);
+    const double gone = heard.empty() ? -1 : heard.back().to - nextStart;
+    if (std::abs(gone - due) > tolerance_.gone)
+      complain(old, next, sentence("is gone after ", gone, " s instead of ", due));
+    return gone;
+  }
+
+  const Sound& sound_;
+  const MixSettings settings_;
+  const MixTolerance tolerance_;
+  Complaints& complaints_;
+  double worst_ = 0;
+  int steps_ = 0;
+};
+
+}  // namespace
+
+std::vector<std::string> checkMixes(const Sound& sound, const std::vector<MixedSong>& songs,
+                                    const MixSettings& settings, Complaints& complaints,
+                                    const MixTolerance& tolerance) {
+  MixChecker checker(sound, settings, tolerance, complaints);
+  std::vector<std::string> figures;
+  std::vector<double> starts;
+  for (const MixedSong& song : songs) {
+    starts.push_back(checker.startOf(song));
+    if (starts.back() < 0) return complaints.push_back(song.name + " is not heard"), figures;
+  }
+  for (std::size_t i = 0; i + 1 < songs.size(); ++i)
+    figures.push_back(checker.check(songs[i], starts[i], songs[i + 1], starts[i + 1]));
+
+  const double from = starts.front() + 0.05;
+  const double to = starts.back() - songs.back().attack + songs.back().length - 0.2;
+  const auto silences = silencesIn(sound, from, std::min(to, sound.length()));
+  if (!silences.empty()) complaints.push_back("silent at " + describe(silences));
+  const auto clicks = clicksIn(sound, from - 0.2, to + 0.5);
+  if (!clicks.empty()) complaints.push_back("clicks at " + describe(clicks));
+  return figures;
+}
+
+}  // namespace nerolith::endtoend
