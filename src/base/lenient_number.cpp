@@ -11,9 +11,24 @@ namespace {
 
 bool isDigit(char c) { return c >= '0' && c <= '9'; }
 
+constexpr std::string_view kBlanks = " \t\r\n";
+
 std::string_view skipBlanks(std::string_view text) {
-  const auto start = text.find_first_not_of(" \t\r\n");
+  const auto start = text.find_first_not_of(kBlanks);
   return start == std::string_view::npos ? std::string_view{} : text.substr(start);
+}
+
+std::string_view trimmed(std::string_view text) {
+  text = skipBlanks(text);
+  return text.substr(0, text.find_last_not_of(kBlanks) + 1);
+}
+
+/// Whether a number too small or too large for a double is the small kind: its exponent says so,
+/// or, where it has none, its whole part is zero.
+bool isBelowOne(std::string_view number) {
+  const auto exponent = number.find_first_of("eE");
+  if (exponent != number.npos) return number[exponent + 1] == '-';
+  return number.substr(0, number.find('.')).find_first_not_of('0') == number.npos;
 }
 
 bool equalsIgnoringCase(std::string_view a, std::string_view b) {
@@ -40,14 +55,13 @@ double leadingNumber(std::string_view text) {
   const auto result = std::from_chars(text.data(), text.data() + text.size(), value);
   if (result.ec == std::errc::result_out_of_range) {
     const std::string_view read(text.data(), static_cast<std::size_t>(result.ptr - text.data()));
-    const bool tiny = read.find("e-") != read.npos || read.find("E-") != read.npos;
-    value = tiny ? 0.0 : std::numeric_limits<double>::max();
+    value = isBelowOne(read) ? 0.0 : std::numeric_limits<double>::max();
   }
   return negative ? -value : value;
 }
 
 bool toBoolean(std::string_view text) {
-  const std::string_view word = skipBlanks(text);
+  const std::string_view word = trimmed(text);
   if (equalsIgnoringCase(word, "true")) return true;
   if (equalsIgnoringCase(word, "false")) return false;
   return leadingNumber(word) != 0.0;
