@@ -96,7 +96,7 @@ void PulseOutput::connect() {
   pa_context_set_state_callback(
       context_, [](pa_context*, void* self) { static_cast<PulseOutput*>(self)->contextChanged(); },
       this);
-  // Starting a server of our own would block, and is the session's business.
+  // Starting a server ourselves would block, and is the desktop's business.
   if (pa_context_connect(context_, nullptr, PA_CONTEXT_NOAUTOSPAWN, nullptr) < 0 &&
       context_ != nullptr) {
     lose(pa_strerror(pa_context_errno(context_)));
