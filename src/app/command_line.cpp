@@ -56,4 +56,12 @@ FolderAndName splitPath(std::string_view fileName, char separator) {
   return {std::string(fileName.substr(0, last + 1)), std::string(fileName.substr(last + 1))};
 }
 
+std::string absolutePath(std::string_view path, std::string_view directory, char separator) {
+  const bool hasDrive = path.size() > 1 && path[1] == ':' && separator == '\\';
+  if (hasDrive || path.starts_with(separator)) return std::string(path);
+  std::string whole(directory);
+  if (!whole.ends_with(separator)) whole += separator;
+  return whole.append(path);
+}
+
 }  // namespace nerolith::app

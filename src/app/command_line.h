@@ -30,4 +30,7 @@ struct FolderAndName {
 };
 FolderAndName splitPath(std::string_view fileName, char separator);
 
+/// `path` as it stands when it begins with a separator or a drive letter; else below `directory`.
+std::string absolutePath(std::string_view path, std::string_view directory, char separator);
+
 }  // namespace nerolith::app

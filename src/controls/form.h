@@ -45,6 +45,8 @@ class Form : public Control {
   }
   /// Brings the window to the front and gives it the focus.
   void bringForward() { forwardRequested.raise(); }
+  /// Leaves the window to the task bar.
+  void minimise() { minimiseRequested.raise(); }
   /// Pops `menu` up at the mouse position, or, opened by a key, below the focused control.
   void popUpMenu(const MenuItem& menu) { popUpRequested.raise(menu); }
 
@@ -55,6 +57,7 @@ class Form : public Control {
 
   /// For window hosts.
   base::Signal<> forwardRequested;
+  base::Signal<> minimiseRequested;
   base::Signal<const MenuItem&> popUpRequested;
 
  private:

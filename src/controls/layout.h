@@ -22,7 +22,7 @@ enum class Look {
   Title,       // the product's name in the caption strip
   CaptionKey,  // a small button of the caption strip (hide, close)
   Glass,       // panel: dark glass of the display
-  Well,        // panel: a recess in the faceplate
+  Well,        // panel: a recess in the faceplate; a text box in one is shown, not edited
   Digital,     // the large time
   Song,        // the name of the song that plays
   Lamp,        // a round lamp in the label's back colour
@@ -30,6 +30,8 @@ enum class Look {
   Transport,   // a large push button with a lamp
   SongList,    // the list of songs
   Figure,      // a number of the foot strip
+  Tag,         // a word in small, widely set capitals
+  Notice,      // a warning
 };
 
 /// A push button of the faceplate: `face` gives and receives clicks and mouse presses, `button`
@@ -40,9 +42,16 @@ struct FaceButton {
   Label* lamp = nullptr;
 };
 
-using PlacedControl =
-    std::variant<std::monostate, Label*, CommandButton*, OptionButton*, CheckBox*, TextBox*,
-                 ListBox*, ScrollBar*, ProgressBar*, DriveListBox*, DirListBox*, FaceButton>;
+/// A switch of the display: `words` gives the text and receives clicks, on the lamp too; `lamp`
+/// shows whether it is on.
+struct LampSwitch {
+  Label* lamp = nullptr;
+  Label* words = nullptr;
+};
+
+using PlacedControl = std::variant<std::monostate, Label*, CommandButton*, OptionButton*, CheckBox*,
+                                   TextBox*, ListBox*, ScrollBar*, ProgressBar*, DriveListBox*,
+                                   DirListBox*, FaceButton, LampSwitch>;
 
 /// A box of boxes. Lengths are in pixels at 96 dots per inch; renderers scale them. The order of
 /// the declaration is the tab order.

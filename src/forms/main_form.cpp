@@ -18,7 +18,7 @@ Box captionStrip(MainForm& f) {
 }
 
 Box timeColumn(MainForm& f) {
-  return column({leaf(&f.Label1, Look::Digital), leaf(&f.timeKind, Look::Dim)})
+  return column({leaf(&f.Label1, Look::Digital), leaf(&f.timeKind, Look::Tag)})
       .spaced(0, 0)
       .sized(236, 0);
 }
@@ -26,8 +26,7 @@ Box timeColumn(MainForm& f) {
 Box modeRow(MainForm& f) {
   std::vector<Box> boxes;
   for (std::size_t i = 0; i < f.Label6.size(); ++i)
-    boxes.push_back(
-        row({leaf(&f.Label6[i], Look::Lamp), leaf(&f.Label7[i], Look::LampText)}).spaced(6, 0));
+    boxes.push_back(leaf(controls::LampSwitch{&f.Label6[i], &f.Label7[i]}, Look::LampText));
   boxes.push_back(space());
   return row(std::move(boxes)).spaced(18, 0);
 }
@@ -40,7 +39,7 @@ Box deckRow(MainForm& f) {
 
 Box glass(MainForm& f) {
   Box now =
-      column({leaf(&f.Label9, Look::Song), leaf(&f.notice, Look::Dim), deckRow(f), modeRow(f)})
+      column({leaf(&f.Label9, Look::Song), leaf(&f.notice, Look::Notice), deckRow(f), modeRow(f)})
           .spaced(6, 0)
           .stretched(1);
   return row({timeColumn(f), std::move(now)}).spaced(18, 14).with(Look::Glass);
@@ -65,7 +64,8 @@ Box browser(MainForm& f) {
 
 Box foot(MainForm& f) {
   return row({leaf(&f.Label2, Look::Figure), words("selected", Look::Dim),
-              leaf(&f.Label3, Look::Figure), words("songs", Look::Dim), space(),
+              leaf(&f.Label3, Look::Figure), words("songs", Look::Dim),
+              leaf(&f.folderNotice, Look::Notice).stretched(1),
               words("Total selected playtime", Look::Dim), leaf(&f.Label4, Look::Figure)})
       .spaced(6, 0);
 }

@@ -40,6 +40,7 @@ struct MainForm {
   controls::ProgressBar deckLevelA, deckLevelB;  // how loud each deck is set
   controls::Label mixIn;                         // time left to the mix
   controls::Label notice;                        // what is wrong with the sound, if anything is
+  controls::Label folderNotice;                  // why a folder could not be shown
 
   controls::CommandButton Command1;  // start or resume the current deck
   controls::CommandButton Command2;  // stop

@@ -55,7 +55,6 @@ void FolderBrowser::subscribe() {
   add(songs_.list1().mouseMoved.subscribe(hide));
   add(c_.File1.pathChange.subscribe([this] { enterFileListFolder(); }));
   add(c_.Command5.click.subscribe([this] { refresh(); }));
-  add(c_.refreshFace.click.subscribe([this] { refresh(); }));
 }
 
 void FolderBrowser::readDrives() {

@@ -21,7 +21,6 @@ struct BrowserControls {
   controls::DirListBox& Dir1;         // pops up while the drive list is used
   controls::FileListBox& File1;       // never shown; its pattern is set by the form
   controls::CommandButton& Command5;  // Refresh
-  controls::Label& refreshFace;       // Label8(4), the face of Refresh
   controls::Label& Label9;            // display name of the song
 };
 

@@ -1,0 +1,53 @@
+#include "app/program.h"
+
+#include "base/failure_policy.h"
+
+namespace nerolith::app {
+namespace {
+
+library::BrowserControls browserControls(forms::MainForm& form) {
+  return {form.form, form.Drive1, form.Dir1, form.File1, form.Command5, form.Label9};
+}
+
+}  // namespace
+
+Program::Program(const platform::Machine& machine, Neighbours neighbours,
+                 player::RecordingLink& recording)
+    : machine_(machine),
+      stored_(machine.settings, live_),
+      songs_(form_.List1, form_.Text1, form_.Text2),
+      browser_(
+          browserControls(form_), songs_, machine.files,
+          [this](const std::string& fallback) { return stored_.readPath(fallback); },
+          [this](std::string text) { form_.folderNotice.setCaption(std::move(text)); }),
+      recentScan_(songs_, machine.files, machine.clock, live_),
+      player_(form_, songs_, live_, recording,
+              {machine.graphs, machine.dialogs, machine.files.separator(),
+               [this] { recentScan_.scanIfDue(); }}),
+      mainWindow_(form_, menu_, neighbours, [this] { player_.list1_DblClick(); }),
+      startUp_(machine, {form_, live_, stored_, songs_, browser_, player_, neighbours}),
+      shutDown_(stored_, browser_, neighbours) {
+  form_.Command7.setEnabled(menu_.showWhatWorks());
+  unload_ = form_.form.unload.subscribe([this] { unload(); });
+  machine_.windows.add(form_.form);
+}
+
+Program::~Program() { machine_.windows.remove(form_.form); }
+
+void Program::start(const std::string& commandLine) {
+  startUp_.load();
+  form_.form.setVisible(true);
+  machine_.events.post([this, commandLine] { startUp_.begin(commandLine); });
+}
+
+void Program::unload() {
+  if (ended_) return;
+  ended_ = true;
+  form_.Timer1.setEnabled(false);
+  player_.decks().releaseA();
+  player_.decks().releaseB();
+  shutDown_.run(startUp_.fileGiven());
+  machine_.events.quit();
+}
+
+}  // namespace nerolith::app

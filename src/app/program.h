@@ -1,0 +1,57 @@
+// The player as a whole: makes the parts, joins them, starts and ends them.
+#pragma once
+
+#include <string>
+
+#include "app/main_window.h"
+#include "app/neighbours.h"
+#include "app/shut_down.h"
+#include "app/start_up.h"
+#include "forms/main_form.h"
+#include "forms/main_menu.h"
+#include "library/folder_browser.h"
+#include "library/recent_scan.h"
+#include "library/song_list.h"
+#include "platform/machine.h"
+#include "player/player.h"
+#include "player/recording_link.h"
+#include "settings/stored_settings.h"
+
+namespace nerolith::app {
+
+/// Made once per run, on the user-interface thread; the machine and the neighbours outlive it.
+/// start -> the user works -> the main form's unload saves the run and ends the event queue.
+class Program {
+ public:
+  Program(const platform::Machine& machine, Neighbours neighbours, player::RecordingLink& recording);
+  ~Program();
+  Program(const Program&) = delete;
+  Program& operator=(const Program&) = delete;
+
+  /// Restores the last run and shows the window; what makes sound follows once the window is up.
+  void start(const std::string& commandLine);
+
+  forms::MainForm& mainForm() { return form_; }
+  library::SongList& songs() { return songs_; }
+  player::Player& player() { return player_; }
+
+ private:
+  void unload();
+
+  platform::Machine machine_;
+  forms::MainForm form_;
+  forms::MainMenu menu_;
+  settings::LiveSettings live_;
+  settings::StoredSettings stored_;
+  library::SongList songs_;
+  library::FolderBrowser browser_;
+  library::RecentScan recentScan_;
+  player::Player player_;
+  MainWindow mainWindow_;
+  StartUp startUp_;
+  ShutDown shutDown_;
+  base::Subscription unload_;
+  bool ended_ = false;
+};
+
+}  // namespace nerolith::app

@@ -1,0 +1,66 @@
+// Brings the last run back and carries out what the command line asks for.
+#pragma once
+
+#include <string>
+
+#include "app/command_line.h"
+#include "app/neighbours.h"
+#include "forms/main_form.h"
+#include "library/folder_browser.h"
+#include "library/song_list.h"
+#include "platform/machine.h"
+#include "player/player.h"
+#include "settings/stored_settings.h"
+
+namespace nerolith::app {
+
+/// What start-up works on; everything outlives it.
+struct StartUpParts {
+  forms::MainForm& window;
+  settings::LiveSettings& live;
+  settings::StoredSettings& stored;
+  library::SongList& songs;
+  library::FolderBrowser& browser;
+  player::Player& player;
+  Neighbours neighbours;
+};
+
+/// Runs in two pieces: `load` before the window is shown, `begin` once it is up, so that neither a
+/// sound card nor a decoder is touched before the user sees the program. Each step that fails is
+/// skipped and the next one runs.
+class StartUp {
+ public:
+  StartUp(const platform::Machine& machine, const StartUpParts& parts)
+      : machine_(machine), parts_(parts) {}
+
+  /// Skin, version, settings with their defaults, last folder, play mode, stirred random numbers.
+  void load();
+
+  /// The command line, if it is not empty; else the last playlist and, unless the mode is Single,
+  /// the first song.
+  void begin(const std::string& commandLine);
+
+  /// The command line named a file; the folder is then not remembered at close.
+  bool fileGiven() const { return fileGiven_; }
+
+ private:
+  void showSkin();
+  void showVersion();
+  void restoreFolder();
+  void tickMode(const std::string& modeCode);
+  void stirRandomNumbers();
+
+  void follow(const CommandLine& line);
+  void openFolderOf(const std::string& fileName);
+  bool playNamedSong();
+  void startWithoutSong();
+  void reopenLastPlaylist();
+
+  platform::Machine machine_;
+  StartUpParts parts_;
+  std::string startDirectory_;
+  bool settingsAbsent_ = false;
+  bool fileGiven_ = false;
+};
+
+}  // namespace nerolith::app
