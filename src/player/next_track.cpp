@@ -24,19 +24,21 @@ NextTrack::NextTrack(forms::MainForm& form, library::SongList& songs,
       draws_(std::move(draws)) {}
 
 void NextTrack::speelvolgendeknop() {
-  base::endQuietly([this] {
-    state_.manualStartSecond = base::kTrue;
-    if (songs_.listExhausted) {
-      songs_.listExhausted = false;
-      songs_.clearPlayedTags();
-    }
-    if (base::isSet(state_.paused)) {
-      state_.paused = base::kFalse;
-      form_.Command4.setCaption("&Pause");
-    }
-    state_.manualStartFirst = base::kFalse;
-    chooseAndStartNext();
-  });
+  base::endQuietly([this] { playNext(); });
+}
+
+void NextTrack::playNext() {
+  state_.manualStartSecond = base::kTrue;
+  if (songs_.listExhausted) {
+    songs_.listExhausted = false;
+    songs_.clearPlayedTags();
+  }
+  if (base::isSet(state_.paused)) {
+    state_.paused = base::kFalse;
+    form_.Command4.setCaption("&Pause");
+  }
+  state_.manualStartFirst = base::kFalse;
+  chooseAndStartNext();
 }
 
 void NextTrack::chooseAndStartNext() {

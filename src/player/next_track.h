@@ -44,6 +44,7 @@ class NextTrack {
   void chooseAndStartNext();
 
  private:
+  void playNext();
   void startSingle();
   void startInOrder();
   void startRandom();
