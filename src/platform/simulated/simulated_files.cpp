@@ -33,6 +33,7 @@ SimulatedFiles::SimulatedFiles(char separator, Doorway& doorway)
     currentDirectory_ = "/home/user";
   }
   addFolder(currentDirectory_);
+  currentFolders_[*rootOf(currentDirectory_)] = currentDirectory_;
 }
 
 void SimulatedFiles::addDrive(const std::string& root, const std::string& label) {

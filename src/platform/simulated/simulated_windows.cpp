@@ -18,10 +18,7 @@ struct SimulatedWindows::Hosted {
 SimulatedWindows::SimulatedWindows(Timeline& timeline, Doorway& doorway)
     : timeline_(timeline), doorway_(doorway) {}
 
-SimulatedWindows::~SimulatedWindows() {
-  for (const auto& hosted : hosted_)
-    for (controls::Timer* timer : hosted->form->timers()) timeline_.drop(*timer);
-}
+SimulatedWindows::~SimulatedWindows() = default;
 
 void SimulatedWindows::add(controls::Form& form) {
   doorway_.note({Door::Windows, "windows", "add", form.caption()});

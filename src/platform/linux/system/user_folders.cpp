@@ -1,0 +1,44 @@
+#include "platform/linux/system/user_folders.h"
+
+#include <pwd.h>
+#include <unistd.h>
+
+#include <cstdlib>
+
+namespace nerolith::system {
+namespace {
+
+constexpr char kOwnFolder[] = "/velmarion";
+
+std::string withoutSlashes(std::string path) {
+  while (path.size() > 1 && path.back() == '/') path.pop_back();
+  return path;
+}
+
+/// Relative paths in the environment do not count: so the base directory rules say.
+std::string fromEnvironment(const char* name) {
+  const char* value = std::getenv(name);
+  return value && value[0] == '/' ? withoutSlashes(value) : std::string();
+}
+
+std::string ownFolder(const char* variable, const std::string& inHome) {
+  const std::string base = fromEnvironment(variable);
+  if (!base.empty()) return base + kOwnFolder;
+  const std::string home = homeFolder();
+  return (home == "/" ? "" : home) + inHome + kOwnFolder;
+}
+
+}  // namespace
+
+std::string homeFolder() {
+  const std::string home = fromEnvironment("HOME");
+  if (!home.empty()) return home;
+  const passwd* user = getpwuid(getuid());
+  return user && user->pw_dir && user->pw_dir[0] == '/' ? withoutSlashes(user->pw_dir) : "/";
+}
+
+std::string configFolder() { return ownFolder("XDG_CONFIG_HOME", "/.config"); }
+
+std::string dataFolder() { return ownFolder("XDG_DATA_HOME", "/.local/share"); }
+
+}  // namespace nerolith::system
