@@ -8,10 +8,7 @@ using base::goOn;
 
 MainWindow::MainWindow(forms::MainForm& form, forms::MainMenu& menu, Neighbours neighbours,
                        std::function<void()> startSelected)
-    : form_(form),
-      menu_(menu),
-      neighbours_(neighbours),
-      startSelected_(std::move(startSelected)) {
+    : form_(form), menu_(menu), neighbours_(neighbours), startSelected_(std::move(startSelected)) {
   subscribeWindow();
   subscribeFaces();
   subscribeListAndMenu();
@@ -71,12 +68,18 @@ void MainWindow::facePressed(std::size_t face, bool down) {
 
 void MainWindow::faceClicked(std::size_t face) {
   switch (face) {
-    case 0: return playFaceClicked();
-    case 1: return form_.Command3.userClick();
-    case 2: return form_.Command4.userClick();
-    case 3: return form_.Command2.userClick();
-    case 4: return form_.Command5.userClick();
-    default: return form_.Command7.userClick();
+    case 0:
+      return playFaceClicked();
+    case 1:
+      return form_.Command3.userClick();
+    case 2:
+      return form_.Command4.userClick();
+    case 3:
+      return form_.Command2.userClick();
+    case 4:
+      return form_.Command5.userClick();
+    default:
+      return form_.Command7.userClick();
   }
 }
 

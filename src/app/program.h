@@ -23,7 +23,8 @@ namespace nerolith::app {
 /// start -> the user works -> the main form's unload saves the run and ends the event queue.
 class Program {
  public:
-  Program(const platform::Machine& machine, Neighbours neighbours, player::RecordingLink& recording);
+  Program(const platform::Machine& machine, Neighbours neighbours,
+          player::RecordingLink& recording);
   ~Program();
   Program(const Program&) = delete;
   Program& operator=(const Program&) = delete;
