@@ -55,6 +55,12 @@ bool DeckMixer::mix(std::span<Frame> out) {
   return sound;
 }
 
+bool DeckMixer::fed(std::size_t frames) const {
+  const std::lock_guard lock(mutex_);
+  return std::all_of(voices_.begin(), voices_.end(),
+                     [frames](const Voice& voice) { return voice->fed(frames); });
+}
+
 bool DeckMixer::active() const {
   const std::lock_guard lock(mutex_);
   return tailStart_ < tail_.size() ||

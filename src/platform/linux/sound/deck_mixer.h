@@ -32,6 +32,10 @@ class DeckMixer {
   /// Fills `out`; returns whether any of it, or anything that follows, may be sound.
   bool mix(std::span<Frame> out);
 
+  /// The next `frames` frames can be mixed without waiting for a decoder. For who mixes faster
+  /// than the clock.
+  bool fed(std::size_t frames) const;
+
   /// Some voice runs or a fade is still to be put out.
   bool active() const;
 

@@ -99,6 +99,11 @@ void DeckVoice::fadeOutInto(std::span<Frame> tail) {
   take(tail);
 }
 
+bool DeckVoice::fed(std::size_t frames) const {
+  if (!running_ || ended()) return true;
+  return !feed_->seekUnderWay() && (feed_->queue.finished() || feed_->queue.size() >= frames);
+}
+
 std::int64_t DeckVoice::positionHeard(std::int64_t heard) {
   if (!running_) return reported_;
   const std::int64_t unheard = std::max<std::int64_t>(0, lastMixedAt_ - heard);

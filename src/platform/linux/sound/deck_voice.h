@@ -34,6 +34,8 @@ class DeckVoice {
   /// What is heard when the mix was heard up to frame `heard`; never falls while running.
   std::int64_t positionHeard(std::int64_t heard);
 
+  /// Does not run, or so many frames (or all that are left) are decoded and waiting.
+  bool fed(std::size_t frames) const;
   bool running() const { return running_; }
   bool ended() const { return position_ >= total_; }
   std::int64_t totalFrames() const { return total_; }

@@ -36,7 +36,7 @@ void FrameQueue::consume(std::size_t count) {
 
 bool FrameQueue::drained() const {
   // The order matters: what is committed before `finish` must be seen once `finish` is.
-  return finished_.load(std::memory_order_acquire) && readable().empty();
+  return finished() && readable().empty();
 }
 
 void FrameQueue::reset() {

@@ -34,6 +34,9 @@ class FrameQueue {
   std::span<const Frame> readable() const;
   /// Consumer: the first `count` frames of `readable()` are used up.
   void consume(std::size_t count);
+  /// No frame follows those that wait.
+  bool finished() const { return finished_.load(std::memory_order_acquire); }
+
   /// Consumer: all that will come has been consumed.
   bool drained() const;
 
