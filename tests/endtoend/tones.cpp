@@ -53,17 +53,6 @@ void runFfmpeg(std::vector<std::string> words) {
   if (runToEnd(command) != 0) throw std::runtime_error("ffmpeg cannot make the songs");
 }
 
-Sound decode(const std::filesystem::path& file, const std::filesystem::path& scratch) {
-  const auto raw = scratch / "decoded.raw";
-  runFfmpeg({"-i", file.string(), "-f", "f32le", "-ac", "1", "-ar", "44100", raw.string()});
-  Sound sound;
-  const std::string bytes = contentsOf(raw);
-  sound.samples.resize(bytes.size() / sizeof(float));
-  std::copy_n(bytes.data(), sound.samples.size() * sizeof(float),
-              reinterpret_cast<char*>(sound.samples.data()));
-  return sound;
-}
-
 }  // namespace
 
 Sound tone(double hertz, double seconds) {
@@ -102,11 +91,23 @@ void writeWav(const Sound& sound, const std::filesystem::path& file) {
   std::ofstream(file, std::ios::binary) << bytes;
 }
 
-Song encode(const Sound& sound, double hertz, const std::filesystem::path& file) {
+Sound decode(const std::filesystem::path& file) {
   const ScratchFolder scratch;
+  const auto raw = scratch.path() / "decoded.raw";
+  runFfmpeg({"-i", file.string(), "-f", "f32le", "-ac", "1", "-ar", "44100", raw.string()});
+  Sound sound;
+  const std::string bytes = contentsOf(raw);
+  sound.samples.resize(bytes.size() / sizeof(float));
+  std::copy_n(bytes.data(), sound.samples.size() * sizeof(float),
+              reinterpret_cast<char*>(sound.samples.data()));
+  return sound;
+}
+
+Song encode(const Sound& sound, double hertz, const std::filesystem::path& file) {
   if (file.extension() == ".wav") {
     writeWav(sound, file);
   } else {
+    const ScratchFolder scratch;
     const auto source = scratch.path() / "source.wav";
     writeWav(sound, source);
     std::vector<std::string> words = {"-i", source.string()};
@@ -114,7 +115,7 @@ Song encode(const Sound& sound, double hertz, const std::filesystem::path& file)
     words.push_back(file.string());
     runFfmpeg(words);
   }
-  const Sound decoded = decode(file, scratch.path());
+  const Sound decoded = decode(file);
   Song song{file, hertz, 0, decoded.length()};
   const auto heard = stretchesAbove(envelopeOf(decoded, hertz, -0.1, 0.4, 0.001), kToneLevel - 6);
   if (!heard.empty()) song.attack = heard.front().from;

@@ -25,6 +25,9 @@ double songFrequency(std::size_t index);
 
 void writeWav(const Sound& sound, const std::filesystem::path& file);
 
+/// What a file holds, as the coders' own library decodes it.
+Sound decode(const std::filesystem::path& file);
+
 struct Song {
   std::filesystem::path file;
   double hertz = 0;

@@ -1,0 +1,56 @@
+#include <gtest/gtest.h>
+
+#include <fstream>
+
+#include "endtoend/stage.h"
+
+namespace nerolith::endtoend {
+namespace {
+
+constexpr int kBroken = 30;
+
+// Thirty broken songs, and behind them one that plays.
+void openBrokenFolder(Stage& stage) {
+  for (int i = 10; i < 10 + kBroken; ++i)
+    std::ofstream(stage.desktop.music() / (std::to_string(i) + ".mp3")) << "no song\n";
+  stage.prepare({"99 whole.wav"}, 3);
+  stage.open({.mode = 2, .mixLead = 1, .fadeLength = 0.5});
+}
+
+TEST(BrokenFiles, OneMessageForAFolderOfThemAndThePlayerStaysUsable) {
+  Stage stage;
+  openBrokenFolder(stage);
+  const auto twoWindows = [&] { return stage.player->countTitles(".") > 1; };
+  for (int i = 0; i < 100 && !twoWindows(); ++i) pauseFor(0.05);
+  ASSERT_TRUE(twoWindows()) << "no message";
+  pauseFor(0.5);
+  stage.desktop.screenshot(std::filesystem::path(NEROLITH_SCREENSHOT_DIR) / "message.png");
+  EXPECT_EQ(stage.player->countTitles("."), 2);
+
+  stage.player->key("Return");
+  pauseFor(1.5);
+  EXPECT_EQ(stage.player->countTitles("."), 1) << "the message is shown again";
+  EXPECT_TRUE(stage.player->running());
+
+  stage.player->key("End");
+  stage.player->key("space");
+  EXPECT_TRUE(stage.recording->waitForTone(stage.songs[0].hertz, 3))
+      << "nothing can be played afterwards";
+  EXPECT_EQ(stage.close(), 0);
+}
+
+TEST(BrokenFiles, OddNamesArePlayed) {
+  Stage stage;
+  const std::string long255 = std::string(251, 'n') + ".wav";
+  stage.prepare({"1 it's \"quoted\".wav", "2 new\nline.wav", "3 \xff\xfe bytes.wav",
+                 "4 a,comma.wav", "5 na\xc3\xafve \xe2\x99\xab.wav", long255},
+                2);
+  stage.open({.mode = 2, .mixLead = 1, .fadeLength = 0.5});
+  pauseFor(1);
+  EXPECT_TRUE(stage.recording->waitForSilence(1.0, 15));
+  EXPECT_EQ(timesHeard(stage.recording->sound(), stage.songs), std::vector<int>(6, 1));
+  EXPECT_EQ(stage.close(), 0);
+}
+
+}  // namespace
+}  // namespace nerolith::endtoend

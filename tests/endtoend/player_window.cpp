@@ -1,0 +1,141 @@
+#include "endtoend/player_window.h"
+
+#include <chrono>
+#include <functional>
+#include <sstream>
+#include <thread>
+
+namespace nerolith::endtoend {
+namespace {
+
+constexpr const char* kMainTitle = "^Nerolith$";
+
+bool waitUntil(double longest, const std::function<bool()>& ready) {
+  const auto until = std::chrono::steady_clock::now() + std::chrono::duration<double>(longest);
+  while (!ready()) {
+    if (std::chrono::steady_clock::now() > until) return false;
+    std::this_thread::sleep_for(std::chrono::milliseconds(20));
+  }
+  return true;
+}
+
+std::vector<std::string> linesOf(const std::string& text) {
+  std::vector<std::string> lines;
+  std::istringstream stream(text);
+  for (std::string line; std::getline(stream, line);)
+    if (!line.empty()) lines.push_back(line);
+  return lines;
+}
+
+}  // namespace
+
+PlayerWindow::PlayerWindow(const PrivateDesktop& desktop, std::vector<std::string> arguments,
+                           const std::filesystem::path& folder)
+    : desktop_(desktop), log_(desktop.scratch() / "player.log") {
+  std::filesystem::remove(log_);
+  arguments.insert(arguments.begin(), NEROLITH_PROGRAM);
+  Command command = desktop.command(std::move(arguments));
+  command.log = log_;
+  if (!folder.empty()) command.folder = folder;
+  program_ = std::make_unique<ChildProcess>(command);
+}
+
+std::string PlayerWindow::tool(std::vector<std::string> words) const {
+  words.insert(words.begin(), "xdotool");
+  const ScratchFolder scratch;
+  Command command = desktop_.command(std::move(words));
+  command.log = scratch.path() / "output";
+  runToEnd(command);
+  return contentsOf(command.log);
+}
+
+std::vector<std::string> PlayerWindow::windowsTitled(const std::string& pattern) const {
+  return linesOf(tool({"search", "--onlyvisible", "--name", pattern}));
+}
+
+bool PlayerWindow::waitForWindow(double longest) {
+  const bool found = waitUntil(longest, [&] {
+    const auto windows = windowsTitled(kMainTitle);
+    if (!windows.empty()) window_ = windows.front();
+    return !windows.empty() || !running();
+  });
+  if (!found || window_.empty()) return false;
+  return waitUntil(longest, [&] { return tool({"getwindowfocus"}) == window_ + "\n"; });
+}
+
+bool PlayerWindow::waitForTitle(const std::string& text, double longest) const {
+  return waitUntil(longest, [&] { return showsTitle(text); });
+}
+
+bool PlayerWindow::showsTitle(const std::string& text) const { return countTitles(text) > 0; }
+
+int PlayerWindow::countTitles(const std::string& text) const {
+  return static_cast<int>(windowsTitled(text).size());
+}
+
+void PlayerWindow::key(const std::string& name) const { tool({"key", "--clearmodifiers", name}); }
+
+void PlayerWindow::click(int x, int y, int button) const {
+  tool({"mousemove", "--window", window_, std::to_string(x), std::to_string(y), "click",
+        std::to_string(button)});
+}
+
+void PlayerWindow::doubleClick(int x, int y) const {
+  tool({"mousemove", "--window", window_, std::to_string(x), std::to_string(y), "click", "--repeat",
+        "2", "--delay", "60", "1"});
+}
+
+void PlayerWindow::dragFromTo(int fromX, int fromY, int toX, int toY) const {
+  const auto text = [](int number) { return std::to_string(number); };
+  tool({"mousemove",
+        "--window",
+        window_,
+        text(fromX),
+        text(fromY),
+        "mousedown",
+        "1",
+        "sleep",
+        "0.05",
+        "mousemove",
+        "--window",
+        window_,
+        text((fromX + toX) / 2),
+        text((fromY + toY) / 2),
+        "sleep",
+        "0.05",
+        "mousemove",
+        "--window",
+        window_,
+        text(toX),
+        text(toY),
+        "sleep",
+        "0.05",
+        "mouseup",
+        "1"});
+}
+
+void PlayerWindow::moveMouse(int x, int y) const {
+  tool({"mousemove", "--window", window_, std::to_string(x), std::to_string(y)});
+}
+
+Place PlayerWindow::place() const {
+  Place place;
+  for (const std::string& line : linesOf(tool({"getwindowgeometry", "--shell", window_}))) {
+    const auto equals = line.find('=');
+    const std::string name = line.substr(0, equals);
+    const int value = std::atoi(line.substr(equals + 1).c_str());
+    if (name == "X") place.x = value;
+    if (name == "Y") place.y = value;
+    if (name == "WIDTH") place.width = value;
+    if (name == "HEIGHT") place.height = value;
+  }
+  return place;
+}
+
+void PlayerWindow::close() const { tool({"windowclose", window_}); }
+
+std::optional<int> PlayerWindow::waitForEnd(double longest) {
+  return program_->wait(std::chrono::milliseconds(static_cast<int>(longest * 1000)));
+}
+
+}  // namespace nerolith::endtoend

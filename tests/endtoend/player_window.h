@@ -1,0 +1,58 @@
+// The real program, driven from outside as a person would.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "endtoend/child_process.h"
+#include "endtoend/private_desktop.h"
+
+namespace nerolith::endtoend {
+
+/// Where a window lies on the screen, in pixels.
+struct Place {
+  int x = 0, y = 0, width = 0, height = 0;
+};
+
+class PlayerWindow {
+ public:
+  /// Starts the program; `arguments` is its command line. Does not wait for its window.
+  explicit PlayerWindow(const PrivateDesktop& desktop, std::vector<std::string> arguments = {},
+                        const std::filesystem::path& folder = {});
+
+  /// Waits until the main window is on the screen and has the focus; false when it never is.
+  bool waitForWindow(double longest = 10);
+  /// Whether a window with this text in its title is on the screen within the time.
+  bool waitForTitle(const std::string& text, double longest) const;
+  bool showsTitle(const std::string& text) const;
+  int countTitles(const std::string& text) const;
+
+  /// One key, as xdotool names it: "alt+n", "Down", "space".
+  void key(const std::string& name) const;
+  /// A click into the main window, relative to its upper left corner.
+  void click(int x, int y, int button = 1) const;
+  void doubleClick(int x, int y) const;
+  void dragFromTo(int fromX, int fromY, int toX, int toY) const;
+  void moveMouse(int x, int y) const;
+  Place place() const;
+  /// Closes the main window as the window manager's button does.
+  void close() const;
+
+  bool running() { return program_->running(); }
+  std::optional<int> waitForEnd(double longest);
+  ChildProcess& program() { return *program_; }
+  /// What the program wrote to its outputs so far.
+  std::string output() const { return contentsOf(log_); }
+
+ private:
+  std::string tool(std::vector<std::string> words) const;
+  std::vector<std::string> windowsTitled(const std::string& pattern) const;
+
+  const PrivateDesktop& desktop_;
+  std::filesystem::path log_;
+  std::unique_ptr<ChildProcess> program_;
+  std::string window_;
+};
+
+}  // namespace nerolith::endtoend
