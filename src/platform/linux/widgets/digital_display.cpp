@@ -1,0 +1,72 @@
+#include "platform/linux/widgets/digital_display.h"
+
+#include <QContextMenuEvent>
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QPainter>
+
+#include "platform/linux/widgets/control_binding.h"
+#include "platform/linux/widgets/glass_colour.h"
+#include "platform/linux/widgets/quietly.h"
+#include "platform/linux/widgets/seven_segments.h"
+#include "platform/linux/widgets/theme.h"
+
+namespace nerolith::widgets {
+
+DigitalDisplay::DigitalDisplay(controls::Label& label, QWidget* parent)
+    : QLabel(parent), label_(label) {
+  setFocusPolicy(Qt::TabFocus);
+  setCursor(Qt::PointingHandCursor);
+  setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+  new ControlBinding(*this, label, [this] { refresh(); });
+}
+
+void DigitalDisplay::refresh() {
+  setAccessibleDescription(QString::fromStdString(label_.caption()));
+  update();
+}
+
+void DigitalDisplay::paintEvent(QPaintEvent*) {
+  QPainter painter(this);
+  painter.setRenderHint(QPainter::Antialiasing);
+  const QColor colour = toQColor(label_.foreColour());
+  const QColor glass = glassFor(colour);
+  const bool light = glass == theme::kLightGlass;
+  if (light) {
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(glass);
+    painter.drawRoundedRect(QRectF(rect()), theme::kRound, theme::kRound);
+  }
+  const QRectF room = QRectF(rect()).adjusted(10, 8, -10, -8);
+  paintSevenSegments(painter, room, QString::fromStdString(label_.caption()), colour,
+                     light ? SegmentGlow::None : SegmentGlow::Soft);
+  if (hasFocus()) theme::paintFocus(painter, rect());
+}
+
+void DigitalDisplay::press(controls::MouseButton button) {
+  quietly([this, button] {
+    label_.mouseDown.raise(button);
+    label_.mouseUp.raise(button);
+    if (button == controls::MouseButton::Left) label_.userClick();
+  });
+}
+
+void DigitalDisplay::keyPressEvent(QKeyEvent* event) {
+  if (event->key() == Qt::Key_Space)
+    press(controls::MouseButton::Left);
+  else if (event->key() == Qt::Key_Menu)
+    press(controls::MouseButton::Right);
+  else
+    QLabel::keyPressEvent(event);
+}
+
+void DigitalDisplay::mousePressEvent(QMouseEvent* event) { event->accept(); }
+
+void DigitalDisplay::mouseReleaseEvent(QMouseEvent* event) {
+  if (event->button() == Qt::LeftButton && rect().contains(event->position().toPoint()))
+    quietly([this] { label_.userClick(); });
+}
+
+void DigitalDisplay::contextMenuEvent(QContextMenuEvent* event) { event->accept(); }
+
+}  // namespace nerolith::widgets

@@ -1,0 +1,34 @@
+// The large time.
+#pragma once
+
+#include <QLabel>
+
+#include "controls/label.h"
+
+namespace nerolith::widgets {
+
+/// Digits of seven glowing bars in the label's fore colour; the glass behind them turns light where
+/// the colour would drown in the dark. Clicked with either mouse button; with the keyboard, the
+/// space bar is the left button and the menu key the right one.
+class DigitalDisplay : public QLabel {
+ public:
+  DigitalDisplay(controls::Label& label, QWidget* parent);
+
+  QSize sizeHint() const override { return {200, 66}; }
+  QSize minimumSizeHint() const override { return {120, 66}; }
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+  void mousePressEvent(QMouseEvent* event) override;
+  void mouseReleaseEvent(QMouseEvent* event) override;
+  void contextMenuEvent(QContextMenuEvent* event) override;
+
+ private:
+  void refresh();
+  void press(controls::MouseButton button);
+
+  controls::Label& label_;
+};
+
+}  // namespace nerolith::widgets

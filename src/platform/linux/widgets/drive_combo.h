@@ -1,0 +1,37 @@
+// The drive list.
+#pragma once
+
+#include <QComboBox>
+
+#include "controls/file_lists.h"
+#include "platform/linux/widgets/echo_guard.h"
+
+namespace nerolith::widgets {
+
+/// The arrow drops the list of drives down; a press beside it only brings the focus, with which the
+/// player shows the folders of the drive. A press while the focus is here already brings it again,
+/// since the folders hide whenever the mouse leaves them.
+class DriveCombo : public QComboBox {
+ public:
+  DriveCombo(controls::DriveListBox& drives, QWidget* parent);
+
+  QSize sizeHint() const override { return {170, 28}; }
+  QSize minimumSizeHint() const override { return {90, 28}; }
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+  void mousePressEvent(QMouseEvent* event) override;
+  void wheelEvent(QWheelEvent* event) override;
+  void focusInEvent(QFocusEvent* event) override;
+
+ private:
+  void refresh();
+  void choose(int row);
+
+  controls::DriveListBox& drives_;
+  std::vector<controls::DriveEntry> shown_;
+  EchoGuard echo_;
+  bool focusByPress_ = false;
+};
+
+}  // namespace nerolith::widgets

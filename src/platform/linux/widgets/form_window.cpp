@@ -1,0 +1,170 @@
+#include "platform/linux/widgets/form_window.h"
+
+#include <QCloseEvent>
+#include <QCursor>
+#include <QKeyEvent>
+#include <QPainter>
+#include <algorithm>
+
+#include "platform/linux/widgets/glass_colour.h"
+#include "platform/linux/widgets/key_names.h"
+#include "platform/linux/widgets/layout_builder.h"
+#include "platform/linux/widgets/pop_up_menu.h"
+#include "platform/linux/widgets/quietly.h"
+#include "platform/linux/widgets/theme.h"
+
+namespace nerolith::widgets {
+
+FormWindow::FormWindow(controls::Form& form) : form_(form) {
+  setAttribute(Qt::WA_OpaquePaintEvent);
+  setMouseTracking(true);
+  build();
+  subscribe();
+  takePicture();
+  followForm();
+}
+
+void FormWindow::build() {
+  LayoutBuilder builder(*this);
+  builder.build(form_.layout());
+  for (const controls::Overlay& overlay : form_.overlays())
+    if (QWidget* widget = builder.addOverlay(overlay))
+      floating_.push_back({overlay, widget, builder.widgetOf(overlay.anchor)});
+  watch(*this);
+  for (QWidget* child : findChildren<QWidget*>()) watch(*child);
+  resize(sizeHint());
+}
+
+void FormWindow::watch(QWidget& widget) {
+  widget.installEventFilter(this);
+  widget.setMouseTracking(true);
+}
+
+void FormWindow::subscribe() {
+  subscriptions_.push_back(form_.changed.subscribe([this] { quietly([this] { followForm(); }); }));
+  subscriptions_.push_back(
+      form_.forwardRequested.subscribe([this] { quietly([this] { bringForward(); }); }));
+  subscriptions_.push_back(form_.popUpRequested.subscribe(
+      [this](const controls::MenuItem& menu) { quietly([&] { popUp(menu); }); }));
+  subscriptions_.push_back(
+      form_.focusRequested.subscribe([this] { quietly([this] { bringForward(); }); }));
+}
+
+void FormWindow::followForm() {
+  setWindowTitle(QString::fromStdString(form_.caption()));
+  setEnabled(form_.enabled());
+  if (picture_.constBits() != reinterpret_cast<const uchar*>(form_.picture().pixels.data()))
+    takePicture();
+  if (isVisible() != form_.visible()) setVisible(form_.visible());
+}
+
+void FormWindow::takePicture() {
+  const controls::Picture& picture = form_.picture();
+  picture_ = picture.empty()
+                 ? QImage()
+                 : QImage(reinterpret_cast<const uchar*>(picture.pixels.data()), picture.width,
+                          picture.height, QImage::Format_RGB32);
+  const QColor mean =
+      picture_.isNull() ? theme::kPanelMiddle
+                        : QColor(picture_.scaled(1, 1, Qt::IgnoreAspectRatio,
+                                                 Qt::SmoothTransformation).pixel(0, 0));
+  QPalette colours = palette();
+  colours.setColor(QPalette::WindowText, inkFor(mean));
+  setPalette(colours);
+  update();
+}
+
+void FormWindow::bringForward() {
+  if (isMinimized()) showNormal();
+  raise();
+  activateWindow();
+}
+
+void FormWindow::popUp(const controls::MenuItem& menu) {
+  const QWidget* here = focusWidget() ? focusWidget() : this;
+  const QPoint place =
+      lastInputWasKey_ ? here->mapToGlobal(QPoint(0, here->height())) : QCursor::pos();
+  makePopUpMenu(menu, this)->popup(place);
+}
+
+void FormWindow::placeOverlays() {
+  for (const Floating& floating : floating_) {
+    if (!floating.anchor || floating.widget->isHidden()) continue;
+    const QPoint corner = floating.anchor->mapTo(this, QPoint(0, floating.anchor->height()));
+    const int width = std::min(floating.overlay.width, this->width() - corner.x() - 14);
+    const int height = std::min(floating.overlay.height, this->height() - corner.y() - 14);
+    floating.widget->setGeometry(corner.x(), corner.y(), width, std::max(height, 60));
+    floating.widget->raise();
+  }
+}
+
+bool FormWindow::ownsOverlay(const QObject* watched) const {
+  return std::any_of(floating_.begin(), floating_.end(), [watched](const Floating& floating) {
+    return watched == floating.anchor || watched == floating.widget ||
+           watched->parent() == floating.widget;
+  });
+}
+
+void FormWindow::tellKey(QObject* watched, QEvent* event) {
+  // A key that a control did not take comes by again on its way up to the window.
+  if (watched != (focusWidget() ? focusWidget() : this)) return;
+  form_.keyDown.raise(keyPressOf(*static_cast<QKeyEvent*>(event)));
+}
+
+bool FormWindow::eventFilter(QObject* watched, QEvent* event) {
+  quietly([this, watched, event] {
+    switch (event->type()) {
+      case QEvent::KeyPress:
+        lastInputWasKey_ = true;
+        tellKey(watched, event);
+        break;
+      case QEvent::ShortcutOverride:
+        lastInputWasKey_ = true;
+        break;
+      case QEvent::MouseButtonPress:
+        lastInputWasKey_ = false;
+        break;
+      case QEvent::MouseMove:
+        if (!ownsOverlay(watched)) form_.mouseMoved.raise();
+        break;
+      case QEvent::Show:
+        placeOverlays();
+        break;
+      default:
+        break;
+    }
+  });
+  return false;
+}
+
+void FormWindow::changeEvent(QEvent* event) {
+  QWidget::changeEvent(event);
+  if (event->type() == QEvent::ActivationChange && isActiveWindow())
+    quietly([this] { form_.activate.raise(); });
+}
+
+void FormWindow::closeEvent(QCloseEvent* event) {
+  event->ignore();  // the form decides; it hides the window when it is done
+  quietly([this] { form_.close(); });
+}
+
+void FormWindow::resizeEvent(QResizeEvent* event) {
+  QWidget::resizeEvent(event);
+  placeOverlays();
+}
+
+void FormWindow::paintEvent(QPaintEvent* event) {
+  QPainter painter(this);
+  painter.setClipRect(event->rect());
+  if (picture_.isNull()) {
+    theme::paintPanel(painter, event->rect(), height());
+    return;
+  }
+  const QSizeF cover = QSizeF(picture_.size()).scaled(size(), Qt::KeepAspectRatioByExpanding);
+  const QRectF target(QPointF((width() - cover.width()) / 2, (height() - cover.height()) / 2),
+                      cover);
+  painter.setRenderHint(QPainter::SmoothPixmapTransform);
+  painter.drawImage(target, picture_);
+}
+
+}  // namespace nerolith::widgets

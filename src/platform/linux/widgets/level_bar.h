@@ -1,0 +1,24 @@
+// A slim bar that fills from the left.
+#pragma once
+
+#include <QProgressBar>
+
+#include "controls/progress_bar.h"
+
+namespace nerolith::widgets {
+
+/// Green while it is well filled, amber below the middle: a deck that fades away is seen at once.
+class LevelBar : public QProgressBar {
+ public:
+  LevelBar(controls::ProgressBar& bar, QWidget* parent);
+  QSize sizeHint() const override { return {88, 5}; }
+  QSize minimumSizeHint() const override { return {24, 5}; }
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+
+ private:
+  controls::ProgressBar& bar_;
+};
+
+}  // namespace nerolith::widgets

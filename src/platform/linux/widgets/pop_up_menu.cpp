@@ -1,0 +1,41 @@
+#include "platform/linux/widgets/pop_up_menu.h"
+
+#include <QMenu>
+
+#include "platform/linux/widgets/quietly.h"
+#include "platform/linux/widgets/theme.h"
+
+namespace nerolith::widgets {
+namespace {
+
+void fill(QMenu& menu, const controls::MenuItem& items) {
+  menu.setFont(theme::fontFor(controls::Look::Plain));
+  for (controls::MenuItem* item : items.items()) {
+    const QString caption = QString::fromStdString(item->caption());
+    if (item->separator()) {
+      menu.addSeparator();
+    } else if (!item->items().empty()) {
+      QMenu* inner = menu.addMenu(caption);
+      inner->setEnabled(item->enabled());
+      inner->menuAction()->setVisible(item->visible());
+      fill(*inner, *item);
+    } else {
+      QAction* action = menu.addAction(caption);
+      action->setEnabled(item->enabled());
+      action->setVisible(item->visible());
+      QObject::connect(action, &QAction::triggered, &menu,
+                       [item] { quietly([item] { item->userClick(); }); });
+    }
+  }
+}
+
+}  // namespace
+
+QMenu* makePopUpMenu(const controls::MenuItem& menu, QWidget* parent) {
+  auto* popUp = new QMenu(parent);
+  popUp->setAttribute(Qt::WA_DeleteOnClose);
+  fill(*popUp, menu);
+  return popUp;
+}
+
+}  // namespace nerolith::widgets

@@ -1,0 +1,75 @@
+#include "platform/linux/widgets/qt_dialogs.h"
+
+#include <QApplication>
+#include <QFileDialog>
+#include <QMessageBox>
+#include <QPushButton>
+
+namespace nerolith::widgets {
+namespace {
+
+using platform::Answer;
+
+/// "description|pattern" pairs become "description (pattern)" lines; Qt splits patterns at blanks.
+QStringList nameFilters(const std::string& filter) {
+  const QStringList parts = QString::fromStdString(filter).split(QLatin1Char('|'));
+  QStringList filters;
+  for (qsizetype i = 0; i + 1 < parts.size(); i += 2)
+    filters << parts[i] + QStringLiteral(" (") +
+                   QString(parts[i + 1]).replace(QLatin1Char(';'), QLatin1Char(' ')) +
+                   QStringLiteral(")");
+  return filters;
+}
+
+std::optional<std::string> ask(const platform::FileQuestion& question,
+                               QFileDialog::AcceptMode mode) {
+  QFileDialog dialog(QApplication::activeWindow(), QString::fromStdString(question.title));
+  dialog.setOption(QFileDialog::DontUseNativeDialog);
+  dialog.setAcceptMode(mode);
+  dialog.setFileMode(mode == QFileDialog::AcceptOpen ? QFileDialog::ExistingFile
+                                                     : QFileDialog::AnyFile);
+  const QStringList filters = nameFilters(question.filter);
+  if (!filters.isEmpty()) dialog.setNameFilters(filters);
+  dialog.selectFile(QString::fromStdString(question.fileName));
+  if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return std::nullopt;
+  return QFile::encodeName(dialog.selectedFiles().constFirst()).toStdString();
+}
+
+QMessageBox::Icon iconOf(platform::MessageIcon icon) {
+  switch (icon) {
+    case platform::MessageIcon::Information:
+      return QMessageBox::Information;
+    case platform::MessageIcon::Critical:
+      return QMessageBox::Critical;
+    default:
+      return QMessageBox::NoIcon;
+  }
+}
+
+}  // namespace
+
+Answer QtDialogs::showMessage(const platform::Message& message) {
+  QMessageBox box(iconOf(message.icon), QStringLiteral("Nerolith"),
+                  QString::fromStdString(message.text), QMessageBox::NoButton,
+                  QApplication::activeWindow());
+  box.setTextFormat(Qt::PlainText);
+  if (message.buttons == platform::MessageButtons::Ok) {
+    box.setStandardButtons(QMessageBox::Ok);
+    box.exec();
+    return Answer::Ok;
+  }
+  box.setStandardButtons(QMessageBox::Yes | QMessageBox::No);
+  box.setDefaultButton(message.preset == Answer::No ? QMessageBox::No : QMessageBox::Yes);
+  box.setEscapeButton(QMessageBox::No);
+  return box.exec() == QMessageBox::Yes ? Answer::Yes : Answer::No;
+}
+
+std::optional<std::string> QtDialogs::openFile(const platform::FileQuestion& question) {
+  return ask(question, QFileDialog::AcceptOpen);
+}
+
+std::optional<std::string> QtDialogs::saveFile(const platform::FileQuestion& question) {
+  return ask(question, QFileDialog::AcceptSave);
+}
+
+}  // namespace nerolith::widgets

@@ -1,0 +1,41 @@
+#include "platform/linux/widgets/qt_window_host.h"
+
+#include "platform/linux/widgets/form_timer.h"
+#include "platform/linux/widgets/form_window.h"
+#include "platform/linux/widgets/quietly.h"
+
+namespace nerolith::widgets {
+
+struct QtWindowHost::Hosted {
+  explicit Hosted(controls::Form& form) : form(form) {
+    for (controls::Timer* timer : form.timers())
+      timers.push_back(std::make_unique<FormTimer>(*timer));
+    subscription = form.changed.subscribe([this] { quietly([this] { showAtLast(); }); });
+    showAtLast();
+  }
+
+  void showAtLast() {
+    if (!window && form.visible()) window = std::make_unique<FormWindow>(form);
+  }
+
+  controls::Form& form;
+  std::unique_ptr<FormWindow> window;
+  std::vector<std::unique_ptr<FormTimer>> timers;
+  base::Subscription subscription;
+};
+
+QtWindowHost::QtWindowHost() = default;
+QtWindowHost::~QtWindowHost() = default;
+
+void QtWindowHost::add(controls::Form& form) {
+  forms_[&form] = std::make_unique<Hosted>(form);
+}
+
+void QtWindowHost::remove(controls::Form& form) { forms_.erase(&form); }
+
+FormWindow* QtWindowHost::windowOf(const controls::Form& form) const {
+  const auto found = forms_.find(&form);
+  return found == forms_.end() ? nullptr : found->second->window.get();
+}
+
+}  // namespace nerolith::widgets
