@@ -111,9 +111,12 @@ FolderBrowser::Listing FolderBrowser::listingOf(const std::string& folder) const
 bool FolderBrowser::show(const std::string& folder) {
   // Setting the path that is shown raises nothing, so the played tags outlive it. A playlist's
   // entries have taken the folder's place, so then it is listed again.
-  const bool shown = folder == c_.File1.path() && songs_.mode() == ListMode::Folder;
+  if (folder == c_.File1.path() && songs_.mode() == ListMode::Folder) {
+    followDrive(folder);
+    return true;
+  }
   try {
-    if (!shown) take(folder, listingOf(folder));
+    take(folder, listingOf(folder));
   } catch (const base::Failure& failure) {
     goBackToShownFolder();
     tellTrouble(failure.what());
@@ -145,8 +148,8 @@ void FolderBrowser::fillSongList() {
 void FolderBrowser::followDrive(const std::string& folder) {
   const Raised following(following_);
   c_.Dir1.setPath(folder);
-  base::goOn([&] { shownDrive_ = files_.driveOf(folder); });
-  c_.Drive1.setDrive(shownDrive_);
+  base::goOn([&] { c_.Drive1.setDrive(files_.driveOf(folder)); });
+  shownDrive_ = c_.Drive1.drive();
 }
 
 void FolderBrowser::goBackToShownFolder() {

@@ -24,7 +24,7 @@ struct BrowserControls {
   controls::Label& Label9;            // display name of the song
 };
 
-/// A short text for the user: why a folder could not be shown; empty once one was shown again.
+/// A short text for the user: why a folder could not be shown; empty once another one was read.
 using Notice = std::function<void(std::string)>;
 
 /// The folder to come back to after a playlist; given what to use when none is remembered.
