@@ -206,8 +206,8 @@ def long_functions(lines):
             continue
         closing = start[:len(start) - len(start.lstrip())] + "}"
         for end in range(number + 1, len(lines)):
-            if lines[end] == closing:
-                if end - first + 1 > LONGEST_FUNCTION:
+            if lines[end].startswith(closing):
+                if lines[end] == closing and end - first + 1 > LONGEST_FUNCTION:
                     yield first + 1, end - first + 1
                 break
 

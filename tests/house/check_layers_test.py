@@ -123,6 +123,10 @@ class Length(unittest.TestCase):
                 self.assertEqual(check({"src/base/a.cpp": fits}), [])
                 self.assertEqual(len(check({"src/base/a.cpp": over})), 1, over)
 
+    def test_a_block_handed_to_a_call_does_not_swallow_what_follows(self):
+        text = "  on(click, [this](int a) {\n    x();\n  });\n" + "}\n\nvoid f() {\n}\n" * 20 + "  }\n"
+        self.assertEqual(check({"src/base/a.cpp": text}), [])
+
     def test_tables_and_classes_are_no_functions(self):
         for opening, closing in (("const std::array<int, 3> kTable = {", "};"), ("class A {", "};"),
                                  ("namespace a {", "}"), ("struct A : B<int(int)> {", "};")):
