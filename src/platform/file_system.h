@@ -37,7 +37,8 @@ class FileSystem {
   /// folder cannot be read.
   virtual std::vector<std::string> folders(const std::string& path) const = 0;
   /// Names of the files in `path` that match one of the ";"-separated patterns, case ignored, "*"
-  /// any run and "?" exactly one character, sorted ignoring case. Fails as `folders` does.
+  /// any run and "?" exactly one character, sorted ignoring case, hidden ones left out. Fails as
+  /// `folders` does.
   virtual std::vector<std::string> files(const std::string& path,
                                          const std::string& patterns) const = 0;
 

@@ -9,10 +9,13 @@
 namespace nerolith::platform::simulated {
 namespace {
 
-std::vector<std::string> sortedValues(const std::map<std::string, std::string>& names) {
+/// A dot in front hides a name on a Linux machine.
+std::vector<std::string> shownNames(const std::map<std::string, std::string>& names,
+                                    char separator) {
   std::vector<std::string> values;
   values.reserve(names.size());
-  for (const auto& [key, name] : names) values.push_back(name);
+  for (const auto& [key, name] : names)
+    if (separator == '\\' || !name.starts_with('.')) values.push_back(name);
   base::sortNames(values);
   return values;
 }
@@ -125,7 +128,7 @@ std::string SimulatedFiles::driveOf(const std::string& path) const {
 std::string SimulatedFiles::currentFolderOf(const std::string& driveRoot) const {
   look("currentFolderOf", driveRoot);
   const auto root = rootOf(driveRoot);
-  if (!root) doorway_.refuse(driveRoot + ": no such drive");
+  if (!root || key(*root) != key(driveRoot)) doorway_.refuse(driveRoot + ": no such drive");
   const auto current = currentFolders_.find(*root);
   return current != currentFolders_.end() && folderAt(current->second) ? current->second : *root;
 }
@@ -140,13 +143,13 @@ std::vector<std::string> SimulatedFiles::ancestors(const std::string& path) cons
 
 std::vector<std::string> SimulatedFiles::folders(const std::string& path) const {
   act("folders", path);
-  return sortedValues(listable(path).folders);
+  return shownNames(listable(path).folders, separator_);
 }
 
 std::vector<std::string> SimulatedFiles::files(const std::string& path,
                                                const std::string& patterns) const {
   act("files", path + " " + patterns);
-  std::vector<std::string> names = sortedValues(listable(path).fileNames);
+  std::vector<std::string> names = shownNames(listable(path).fileNames, separator_);
   const base::FilePattern pattern(patterns);
   std::erase_if(names, [&](const std::string& name) { return !pattern.matches(name); });
   return names;

@@ -23,7 +23,8 @@ struct SimulatedFile {
 };
 
 /// A machine's disks. With the separator '\\' it is a Windows machine: the drive "C:\", names
-/// without regard to case. With '/' it is a Linux machine: the drive "/", names exact.
+/// without regard to case. With '/' it is a Linux machine: the drive "/", names exact, those with a
+/// dot in front hidden.
 ///
 /// Trace: "files.cd PATH", "files.folders PATH", "files.files PATH PATTERNS", "files.drives",
 /// "files.plain PATH", "files.delete PATH"; the rest are readings.
