@@ -1,0 +1,77 @@
+// The Linux program: its machine, and the player on it.
+
+#include <cstdio>
+#include <string>
+
+#include "app/absent_neighbours.h"
+#include "app/program.h"
+#include "platform/linux/command_words.h"
+#include "platform/linux/system/ini_settings_store.h"
+#include "platform/linux/system/posix_file_system.h"
+#include "platform/linux/system/sound_module.h"
+#include "platform/linux/system/system_clock.h"
+#include "platform/linux/widgets/qt_application.h"
+#include "platform/linux/widgets/qt_dialogs.h"
+#include "platform/linux/widgets/qt_event_queue.h"
+#include "platform/linux/widgets/qt_picture_loader.h"
+#include "platform/linux/widgets/qt_window_host.h"
+
+namespace {
+
+using namespace nerolith;
+
+/// The whole command line as one text, as the player reads it.
+std::string commandLineOf(int argc, char** argv) {
+  std::string text;
+  for (int i = 1; i < argc; ++i) {
+    if (i > 1) text += ' ';
+    text += argv[i];
+  }
+  return text;
+}
+
+/// What needs no window. True when it was all that was asked for.
+bool answeredInTheShell(const std::string& commandLine) {
+  if (commandLine == "--help" || commandLine == "-h") {
+    std::fputs(platform::linux_desktop::kHelp, stdout);
+    return true;
+  }
+  if (commandLine != "--version") return false;
+  std::puts("Nerolith " NEROLITH_VERSION);
+  return true;
+}
+
+int runPlayer(int argc, char** argv, const std::string& commandLine) {
+  widgets::QtApplication application(argc, argv);
+  widgets::QtEventQueue events;
+  widgets::QtWindowHost windows;
+  widgets::QtDialogs dialogs;
+  widgets::QtPictureLoader pictures;
+  system::PosixFileSystem files;
+  system::IniSettingsStore settings;
+  system::SystemClock clock;
+  system::LazySoundEngine sound;
+  const platform::Machine machine{sound,    files, settings, dialogs,
+                                  pictures, clock, events,   windows};
+
+  app::NoPlaylists playlists;
+  app::NoSelectionActions selection;
+  app::NoNotificationIcon icon;
+  player::NoRecording recording;
+  app::Program program(machine, {playlists, selection, icon}, recording);
+  program.start(commandLine);
+  events.post([&] { sound.warmUp(); });
+  events.post([&] {
+    const std::string trouble = settings.trouble();
+    if (!trouble.empty()) dialogs.showMessage({trouble, platform::MessageIcon::Information});
+  });
+  return application.run();
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  const std::string commandLine = commandLineOf(argc, argv);
+  if (answeredInTheShell(commandLine)) return 0;
+  return runPlayer(argc, argv, commandLine);
+}
