@@ -191,7 +191,7 @@ TEST(DeckMixer, CountsALateDecoderOnceForEachGap) {
   EXPECT_EQ(mixer.positionHeard(voice, 200), 0) << "waiting is not playing";
 }
 
-// The whole of a mix, note for note, against the one that was listened to and measured once.
+// The golden mix was computed by another program, make_golden_mix.py, from the rules alone.
 TEST(DeckMixer, MixesAsTheGoldenMixDoes) {
   DeckMixer mixer;
   std::vector<Frame> frames(3000);

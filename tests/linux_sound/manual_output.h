@@ -12,7 +12,8 @@
 
 namespace nerolith::sound_tests {
 
-/// Keeps all that was mixed. What it pulls is heard `latency` frames later, as behind a real server.
+/// Keeps all that was mixed. What it pulls is heard `latency` frames later, as behind a real
+/// server.
 class ManualOutput : public sound::SoundOutput {
  public:
   static constexpr std::int64_t kLatency = 3528;  // 80 ms

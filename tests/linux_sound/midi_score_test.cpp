@@ -11,8 +11,8 @@ using sound_tests::midiFile;
 using sound_tests::midiTrack;
 
 TEST(MidiScore, TimesEventsByTheUsualTempoWhereNoneIsTold) {
-  const auto score = parseMidi(midiFile(480, {midiTrack({0x00, 0x90, 60, 100, 0x83, 0x60, 0x80, 60, 0,
-                                                         0x00, 0xFF, 0x2F, 0x00})}));
+  const auto score = parseMidi(midiFile(
+      480, {midiTrack({0x00, 0x90, 60, 100, 0x83, 0x60, 0x80, 60, 0, 0x00, 0xFF, 0x2F, 0x00})}));
   ASSERT_TRUE(score);
   ASSERT_EQ(score->events.size(), 2U);
   EXPECT_EQ(score->events[0].frame, 0);
@@ -39,8 +39,8 @@ TEST(MidiScore, UnderstandsFilmTime) {
 }
 
 TEST(MidiScore, KeepsWhatATrackCutShortHolds) {
-  auto bytes =
-      midiFile(480, {midiTrack({0x00, 0x90, 60, 100, 0x83, 0x60, 0x80, 60, 0, 0x00, 0xFF, 0x2F, 0})});
+  auto bytes = midiFile(
+      480, {midiTrack({0x00, 0x90, 60, 100, 0x83, 0x60, 0x80, 60, 0, 0x00, 0xFF, 0x2F, 0})});
   bytes.resize(bytes.size() - 6);
   const auto score = parseMidi(bytes);
   ASSERT_TRUE(score);
@@ -55,15 +55,17 @@ TEST(MidiScore, IsNoneForOtherFilesAndForOnesWithoutEvents) {
 }
 
 TEST(MidiScore, SurvivesEveryCutAndEveryDamagedByte) {
-  const auto whole = midiFile(
-      480, {midiTrack({0x00, 0xF0, 3, 1, 2, 0xF7, 0x00, 0x90, 60, 100, 0x83, 0x60, 0x80, 60, 0, 0x00,
-                       0xFF, 0x51, 3, 7, 8, 9, 0x00, 0xFF, 0x2F, 0x00})});
+  const auto whole = midiFile(480, {midiTrack({0x00, 0xF0, 3,    1,    2,    0xF7, 0x00, 0x90, 60,
+                                               100,  0x83, 0x60, 0x80, 60,   0,    0x00, 0xFF, 0x51,
+                                               3,    7,    8,    9,    0x00, 0xFF, 0x2F, 0x00})});
   for (std::size_t i = 0; i < whole.size(); ++i) {
     parseMidi(std::span(whole).first(i));
     auto damaged = whole;
     damaged[i] ^= 0xFF;
     const auto score = parseMidi(damaged);
-    if (score) EXPECT_GE(score->frames, 0);
+    if (score) {
+      EXPECT_GE(score->frames, 0);
+    }
   }
 }
 

@@ -30,6 +30,7 @@ LibavSource::LibavSource(std::unique_ptr<FileReader> file)
     openDecoder();
     total_ = measure();
     if (total_ <= 0) fail(*file_, "it holds no sound");
+    findBeginning();
   } catch (...) {
     container_.reset();
     if (bytes_ != nullptr) av_freep(&bytes_->buffer);
@@ -110,7 +111,15 @@ void LibavSource::openDecoder() {
   if (avcodec_open2(decoder_.get(), codec, nullptr) < 0) fail(*file_, "it is damaged");
   rate_ = decoder_->sample_rate;
   if (rate_ <= 0 || decoder_->ch_layout.nb_channels <= 0) fail(*file_, "it is damaged");
-  start_ = stream_->start_time == AV_NOPTS_VALUE ? 0 : stream_->start_time;
+}
+
+void LibavSource::findBeginning() {
+  // Some decoders swallow their first packets: the time of the first sound that really comes out is
+  // the song's zero, for playing on from the beginning and for seeking alike.
+  if (!decodeNext()) fail(*file_, "it holds no sound");
+  heldBack_ = true;
+  const std::int64_t time = decoded_->best_effort_timestamp;
+  start_ = time == AV_NOPTS_VALUE ? 0 : time;
 }
 
 std::int64_t LibavSource::measure() {

@@ -28,6 +28,7 @@ class LibavSource : public AudioSource {
   void openContainer();
   void openDecoder();
   std::int64_t measure();
+  void findBeginning();
   bool readPacket();
   bool decodeNext();
   void pushDecoded(const AVFrame& decoded);
@@ -48,7 +49,7 @@ class LibavSource : public AudioSource {
   FrameHandle decoded_;
   StereoShaper shaper_;
   int rate_ = 0;
-  std::int64_t start_ = 0;  // the stream's first timestamp, in its own units
+  std::int64_t start_ = 0;  // the time stamp of the first sound, in the stream's units
   // In samples of the file, counted from its first.
   std::int64_t next_ = 0;
   std::int64_t from_ = 0;
