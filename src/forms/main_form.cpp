@@ -63,7 +63,7 @@ Box browser(MainForm& f) {
 }
 
 Box foot(MainForm& f) {
-  return row({leaf(&f.Label2, Look::Figure), words("selected", Look::Dim),
+  return row({leaf(&f.Label2, Look::Figure), words("selected", Look::Dim), space(0).sized(10, 0),
               leaf(&f.Label3, Look::Figure), words("songs", Look::Dim),
               leaf(&f.folderNotice, Look::Notice).stretched(1),
               words("Total selected playtime", Look::Dim), leaf(&f.Label4, Look::Figure)})

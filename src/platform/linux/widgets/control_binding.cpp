@@ -37,7 +37,8 @@ ControlBinding::ControlBinding(QWidget& widget, controls::Control& control,
     : QObject(&widget),
       widget_(widget),
       mouseSource_(&widget),
-      control_(control), refresh_(std::move(refresh)) {
+      control_(control),
+      refresh_(std::move(refresh)) {
   widget_.installEventFilter(this);
   widget_.setMouseTracking(true);
   follow(control_);
@@ -58,8 +59,7 @@ void ControlBinding::watchMouse(QWidget& source) {
 }
 
 void ControlBinding::follow(controls::Control& other) {
-  subscriptions_.push_back(
-      other.changed.subscribe([this] { quietly([this] { bringInLine(); }); }));
+  subscriptions_.push_back(other.changed.subscribe([this] { quietly([this] { bringInLine(); }); }));
 }
 
 void ControlBinding::bringInLine() {
@@ -77,9 +77,9 @@ void ControlBinding::bringInLine() {
 }
 
 bool ControlBinding::eventFilter(QObject* watched, QEvent* event) {
-  const bool mouse = event->type() == QEvent::MouseMove ||
-                     (event->type() >= QEvent::MouseButtonPress &&
-                      event->type() <= QEvent::MouseButtonDblClick);
+  const bool mouse =
+      event->type() == QEvent::MouseMove ||
+      (event->type() >= QEvent::MouseButtonPress && event->type() <= QEvent::MouseButtonDblClick);
   if (mouse && watched != mouseSource_) return false;
   quietly([this, watched, event] {
     switch (event->type()) {

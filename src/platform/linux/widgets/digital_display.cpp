@@ -37,7 +37,8 @@ void DigitalDisplay::paintEvent(QPaintEvent*) {
     painter.setBrush(glass);
     painter.drawRoundedRect(QRectF(rect()), theme::kRound, theme::kRound);
   }
-  const QRectF room = QRectF(rect()).adjusted(10, 8, -10, -8);
+  // On dark glass the digits stand flush with the word below them.
+  const QRectF room = QRectF(rect()).adjusted(light ? 12 : 2, 7, -10, -9);
   paintSevenSegments(painter, room, QString::fromStdString(label_.caption()), colour,
                      light ? SegmentGlow::None : SegmentGlow::Soft);
   if (hasFocus()) theme::paintFocus(painter, rect());

@@ -14,8 +14,8 @@ class DigitalDisplay : public QLabel {
  public:
   DigitalDisplay(controls::Label& label, QWidget* parent);
 
-  QSize sizeHint() const override { return {200, 66}; }
-  QSize minimumSizeHint() const override { return {120, 66}; }
+  QSize sizeHint() const override { return {200, 76}; }
+  QSize minimumSizeHint() const override { return {120, 76}; }
 
  protected:
   void paintEvent(QPaintEvent* event) override;

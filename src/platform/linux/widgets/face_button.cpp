@@ -40,8 +40,7 @@ FaceButtonView::FaceButtonView(const controls::FaceButton& parts, QWidget* paren
 }
 
 bool FaceButtonView::event(QEvent* event) {
-  if (event->type() == QEvent::Shortcut &&
-      !static_cast<QShortcutEvent*>(event)->isAmbiguous()) {
+  if (event->type() == QEvent::Shortcut && !static_cast<QShortcutEvent*>(event)->isAmbiguous()) {
     // The toolkit would show the key pressed for a while and click only then.
     setFocus(Qt::ShortcutFocusReason);
     click();

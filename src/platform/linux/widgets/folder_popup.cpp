@@ -52,7 +52,9 @@ class FolderPopup::Rows : public QAbstractListModel {
   bool isStep(int row) const { return row < steps(); }
   int depth(int row) const { return std::min(isStep(row) ? row : steps(), kDeepest); }
 
-  int rowCount(const QModelIndex& parent = {}) const override { return parent.isValid() ? 0 : rows_; }
+  int rowCount(const QModelIndex& parent = {}) const override {
+    return parent.isValid() ? 0 : rows_;
+  }
 
   QVariant data(const QModelIndex& index, int role) const override {
     if (!index.isValid() || index.row() >= count()) return {};
@@ -114,7 +116,8 @@ class FolderPopup::Row : public QStyledItemDelegate {
     painter->drawText(words, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,
                       option.fontMetrics.elidedText(index.data().toString().simplified(),
                                                     Qt::ElideMiddle, words.width()));
-    if (current && view_.hasFocus()) theme::paintFocus(*painter, QRectF(area).adjusted(1, 0, -1, 0), 4);
+    if (current && view_.hasFocus())
+      theme::paintFocus(*painter, QRectF(area).adjusted(1, 0, -1, 0), 4);
   }
 
  private:

@@ -60,14 +60,14 @@ void FormWindow::followForm() {
 
 void FormWindow::takePicture() {
   const controls::Picture& picture = form_.picture();
-  picture_ = picture.empty()
-                 ? QImage()
-                 : QImage(reinterpret_cast<const uchar*>(picture.pixels.data()), picture.width,
-                          picture.height, QImage::Format_RGB32);
+  picture_ = picture.empty() ? QImage()
+                             : QImage(reinterpret_cast<const uchar*>(picture.pixels.data()),
+                                      picture.width, picture.height, QImage::Format_RGB32);
   const QColor mean =
-      picture_.isNull() ? theme::kPanelMiddle
-                        : QColor(picture_.scaled(1, 1, Qt::IgnoreAspectRatio,
-                                                 Qt::SmoothTransformation).pixel(0, 0));
+      picture_.isNull()
+          ? theme::kPanelMiddle
+          : QColor(
+                picture_.scaled(1, 1, Qt::IgnoreAspectRatio, Qt::SmoothTransformation).pixel(0, 0));
   QPalette colours = palette();
   colours.setColor(QPalette::WindowText, inkFor(mean));
   setPalette(colours);

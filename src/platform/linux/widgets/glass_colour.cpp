@@ -26,7 +26,7 @@ QColor toQColor(controls::Colour colour) {
 }
 
 double contrastRatio(const QColor& one, const QColor& other) {
-  const auto [dark, light] = std::minmax(luminance(one), luminance(other));
+  const auto [dark, light] = std::minmax({luminance(one), luminance(other)});
   return (light + 0.05) / (dark + 0.05);
 }
 

@@ -12,7 +12,7 @@ namespace nerolith::widgets {
 namespace {
 
 /// Room around the bulb that its light falls on.
-constexpr int kHalo = 6;
+constexpr int kHalo = 4;
 constexpr int kBetween = 7;
 
 }  // namespace

@@ -143,9 +143,9 @@ QWidget* LayoutBuilder::panelFor(const Box& box, QWidget* parent, bool onGlass) 
 }
 
 QWidget* LayoutBuilder::leafFor(const Box& box, QWidget* parent, bool onGlass) {
-  QWidget* widget = box.control.index() == 0
-                        ? new LabelView(QString::fromStdString(box.words), box.look, onGlass, parent)
-                        : make(box.control, box.look, parent, onGlass);
+  QWidget* widget = box.control.index() == 0 ? new LabelView(QString::fromStdString(box.words),
+                                                             box.look, onGlass, parent)
+                                             : make(box.control, box.look, parent, onGlass);
   if (!widget) return nullptr;
   if (box.width > 0) widget->setFixedWidth(box.width);
   if (box.height > 0) widget->setFixedHeight(box.height);

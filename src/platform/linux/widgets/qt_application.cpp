@@ -8,8 +8,7 @@ namespace nerolith::widgets {
 
 QtApplication::Beforehand::Beforehand() {
   // Nothing here draws with OpenGL; looking for it costs a good part of the start.
-  if (!qEnvironmentVariableIsSet("QT_XCB_GL_INTEGRATION"))
-    qputenv("QT_XCB_GL_INTEGRATION", "none");
+  if (!qEnvironmentVariableIsSet("QT_XCB_GL_INTEGRATION")) qputenv("QT_XCB_GL_INTEGRATION", "none");
   QApplication::setDesktopSettingsAware(true);
   QGuiApplication::setHighDpiScaleFactorRoundingPolicy(
       Qt::HighDpiScaleFactorRoundingPolicy::PassThrough);

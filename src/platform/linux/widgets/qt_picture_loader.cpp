@@ -23,8 +23,8 @@ controls::Picture QtPictureLoader::load(const std::string& path) const {
     reader.setScaledSize(size.scaled(kLargest, Qt::KeepAspectRatio));
   const QImage image = reader.read().convertToFormat(QImage::Format_RGB32);
   if (image.isNull())
-    throw platform::Failure("The picture \"" + path + "\" cannot be read: " +
-                            reader.errorString().toStdString());
+    throw platform::Failure("The picture \"" + path +
+                            "\" cannot be read: " + reader.errorString().toStdString());
   controls::Picture picture;
   picture.width = image.width();
   picture.height = image.height();

@@ -27,9 +27,7 @@ struct QtWindowHost::Hosted {
 QtWindowHost::QtWindowHost() = default;
 QtWindowHost::~QtWindowHost() = default;
 
-void QtWindowHost::add(controls::Form& form) {
-  forms_[&form] = std::make_unique<Hosted>(form);
-}
+void QtWindowHost::add(controls::Form& form) { forms_[&form] = std::make_unique<Hosted>(form); }
 
 void QtWindowHost::remove(controls::Form& form) { forms_.erase(&form); }
 

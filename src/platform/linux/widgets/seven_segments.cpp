@@ -52,16 +52,14 @@ void addDigit(QPainterPath& path, qreal x, std::uint8_t bars) {
   const qreal h = kBar / 2;
   const qreal left = x + h;
   const qreal right = x + kDigitWidth - h;
-  const std::array<std::array<QPointF, 2>, 7> places = {{{QPointF(left, h), QPointF(right, h)},
-                                                         {QPointF(right, h), QPointF(right, 0.5)},
-                                                         {QPointF(right, 0.5),
-                                                          QPointF(right, 1 - h)},
-                                                         {QPointF(left, 1 - h),
-                                                          QPointF(right, 1 - h)},
-                                                         {QPointF(left, 0.5), QPointF(left, 1 - h)},
-                                                         {QPointF(left, h), QPointF(left, 0.5)},
-                                                         {QPointF(left, 0.5),
-                                                          QPointF(right, 0.5)}}};
+  const std::array<std::array<QPointF, 2>, 7> places = {
+      {{QPointF(left, h), QPointF(right, h)},
+       {QPointF(right, h), QPointF(right, 0.5)},
+       {QPointF(right, 0.5), QPointF(right, 1 - h)},
+       {QPointF(left, 1 - h), QPointF(right, 1 - h)},
+       {QPointF(left, 0.5), QPointF(left, 1 - h)},
+       {QPointF(left, h), QPointF(left, 0.5)},
+       {QPointF(left, 0.5), QPointF(right, 0.5)}}};
   for (std::size_t i = 0; i < places.size(); ++i)
     if (bars & (1U << i)) addBar(path, places[i][0], places[i][1]);
 }
@@ -69,8 +67,7 @@ void addDigit(QPainterPath& path, qreal x, std::uint8_t bars) {
 void addColon(QPainterPath& path, qreal x) {
   const qreal size = kBar * 1.1;
   const qreal left = x + (kColonWidth - size) / 2;
-  for (const qreal middle : {0.31, 0.69})
-    path.addRect(QRectF(left, middle - size / 2, size, size));
+  for (const qreal middle : {0.31, 0.69}) path.addRect(QRectF(left, middle - size / 2, size, size));
 }
 
 QPainterPath shapeOf(const QString& text, bool lit) {

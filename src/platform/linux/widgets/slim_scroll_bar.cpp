@@ -17,26 +17,26 @@ constexpr qreal kShortest = 28;
 SlimScrollBar::SlimScrollBar(QWidget* parent) : QScrollBar(Qt::Vertical, parent) {
   setAttribute(Qt::WA_Hover);
   setAttribute(Qt::WA_OpaquePaintEvent, false);
+  setAutoFillBackground(false);
 }
 
 QRectF SlimScrollBar::thumb() const {
-  const qreal room = height() - 4;
+  const qreal room = height() - 8;
   const qreal whole = maximum() - minimum() + pageStep();
   const qreal length = std::clamp(room * pageStep() / std::max(whole, 1.0), kShortest, room);
   const qreal span = std::max(maximum() - minimum(), 1);
-  const qreal top = 2 + (room - length) * (value() - minimum()) / span;
+  const qreal top = 4 + (room - length) * (value() - minimum()) / span;
   return QRectF(3, top, width() - 6, length);
 }
 
 void SlimScrollBar::moveThumb(qreal top) {
-  const qreal room = height() - 4 - thumb().height();
+  const qreal room = height() - 8 - thumb().height();
   if (room > 0)
-    setValue(minimum() + static_cast<int>(std::lround((top - 2) / room * (maximum() - minimum()))));
+    setValue(minimum() + static_cast<int>(std::lround((top - 4) / room * (maximum() - minimum()))));
 }
 
 void SlimScrollBar::paintEvent(QPaintEvent*) {
   QPainter painter(this);
-  painter.fillRect(rect(), theme::kWell);
   if (maximum() <= minimum()) return;
   painter.setRenderHint(QPainter::Antialiasing);
   painter.setPen(Qt::NoPen);

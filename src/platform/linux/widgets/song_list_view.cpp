@@ -24,7 +24,7 @@ SongListView::SongListView(controls::ListBox& list, QWidget* parent)
   setVerticalScrollMode(ScrollPerPixel);
   setVerticalScrollBar(new SlimScrollBar(this));
   setMinimumHeight(4 * theme::kRowHeight);
-  setViewportMargins(1, 4, 1, 4);
+  setViewportMargins(1, 4, 0, 4);
   setItemDelegate(new SongRow(list, *model_, this));
   setModel(model_);
   setTabKeyNavigation(false);
@@ -56,9 +56,9 @@ void SongListView::followSelection() {
 }
 
 int SongListView::rowAt(const QPoint& place, bool nearest) const {
-  const QModelIndex index = indexAt(QPoint(std::clamp(place.x(), 1, viewport()->width() - 2),
-                                           nearest ? std::clamp(place.y(), 0, viewport()->height() - 1)
-                                                   : place.y()));
+  const QModelIndex index =
+      indexAt(QPoint(std::clamp(place.x(), 1, viewport()->width() - 2),
+                     nearest ? std::clamp(place.y(), 0, viewport()->height() - 1) : place.y()));
   if (index.isValid() || !nearest) return index.row();
   return place.y() <= 0 ? 0 : list_.count() - 1;
 }
@@ -183,6 +183,15 @@ void SongListView::paintEvent(QPaintEvent* event) {
     painter.fillRect(event->rect(), theme::kWell);
   }
   QListView::paintEvent(event);
+}
+
+bool SongListView::event(QEvent* event) {
+  if (event->type() == QEvent::Paint) {
+    QPainter painter(this);
+    theme::paintRecess(painter, rect(), theme::kWell, theme::kWell);
+    return true;
+  }
+  return QListView::event(event);
 }
 
 void SongListView::focusInEvent(QFocusEvent* event) {

@@ -21,6 +21,7 @@ class SongListView : public QListView {
   QSize sizeHint() const override { return {790, 286}; }
 
  protected:
+  bool event(QEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
   void mousePressEvent(QMouseEvent* event) override;

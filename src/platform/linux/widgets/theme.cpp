@@ -115,8 +115,8 @@ void paintKey(QPainter& painter, const QRectF& area, KeyState state, const QColo
   QColor top = kButtonTop;
   QColor bottom = kButtonBottom;
   if (tint.isValid()) {
-    top = mixed(top, tint, 0.13);
-    bottom = mixed(bottom, tint, 0.11);
+    top = mixed(top, tint, 0.09);
+    bottom = mixed(bottom, tint, 0.08);
   }
   if (state == KeyState::Hovered) {
     top = top.lighter(112);
@@ -149,12 +149,13 @@ void paintLamp(QPainter& painter, const QPointF& centre, qreal size, const QColo
   const qreal radius = size / 2;
   const bool lit = lampLit(colour);
   if (lit) {
-    QRadialGradient light(centre, size * 1.15);
+    const qreal reach = radius + 4;
+    QRadialGradient light(centre, reach);
     light.setColorAt(0, withAlpha(colour, 150));
-    light.setColorAt(0.5, withAlpha(colour, 70));
+    light.setColorAt(0.6, withAlpha(colour, 90));
     light.setColorAt(1, withAlpha(colour, 0));
     painter.setBrush(light);
-    painter.drawEllipse(centre, size * 1.15, size * 1.15);
+    painter.drawEllipse(centre, reach, reach);
   }
   QRadialGradient bulb(centre, radius * 1.25, centre - QPointF(radius * 0.35, radius * 0.4));
   const QColor off(0x7c, 0x82, 0x88);
