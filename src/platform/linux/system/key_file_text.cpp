@@ -104,6 +104,7 @@ std::string unescapedValue(std::string_view value) {
 
 std::string escapedName(std::string_view name) {
   constexpr std::string_view kHarmless = " _-.";
+  if (name.empty()) return "%";
   std::string out;
   for (std::size_t at = 0; at < name.size(); ++at) {
     const char c = name[at];

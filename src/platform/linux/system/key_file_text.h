@@ -14,7 +14,7 @@ std::string escapedValue(std::string_view text);
 std::string unescapedValue(std::string_view value);
 
 /// Letters, digits, blanks within and harmless signs as they are, all else as "%" and two
-/// hexadecimal digits, "/" among it.
+/// hexadecimal digits, "/" among it; "%" alone is the empty name. Different names stay different.
 std::string escapedName(std::string_view name);
 
 }  // namespace nerolith::system
