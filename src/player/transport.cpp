@@ -173,6 +173,7 @@ void Transport::playNextClick() {
 }
 
 void Transport::moveThumbToStart() {
+  if (base::isSet(state_.sliderDragging)) return;
   const base::Flag16 idle = std::exchange(state_.sliderIdle, base::kFalse);
   base::goOn([this] { form_.HScroll1.setValue(form_.HScroll1.min()); });
   state_.sliderIdle = idle;

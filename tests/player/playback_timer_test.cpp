@@ -231,6 +231,23 @@ TEST(PlaybackTimer, TheRecordingSectionHasItsStepOnEveryTick) {
   EXPECT_EQ(rig.recording.corrected, 7);
 }
 
+TEST(PlaybackTimer, TheCorrectionComesBeforeTheFadeAndTheFadeBeforeTheMix) {
+  PlayerRig rig;
+  rig.fillEqual(3, 60);
+  rig.autoNext();
+  rig.start(0);
+  rig.ticks(1);
+  rig.player.decks().b.render("C:\\m\\c.mp3");
+  rig.player.decks().b.fadeOut = base::kTrue;
+  rig.player.decks().a.seek(50);
+  rig.recording.onCorrection = [&] { rig.player.decks().a.setVolume(-7); };
+  rig.machine.clearTrace();
+  rig.ticks(1);
+  EXPECT_EQ(rig.decksTrace(),
+            "A.volume -7 | B.volume -98 | B.stop | decks.create | B.release | B.render b.mp3 | "
+            "B.volume 0 | B.run");
+}
+
 TEST(PlaybackTimer, AFailingCorrectionHoldsNothingUp) {
   PlayerRig rig;
   rig.fillEqual(3, 60);

@@ -262,6 +262,29 @@ TEST(Transport, ADraggedThumbSeeksWhenItIsReleased) {
   EXPECT_EQ(rig.form.HScroll1.value(), 91);
 }
 
+TEST(Transport, ASongChangeLeavesADraggedThumbInTheUsersHand) {
+  PlayerRig rig;
+  rig.fillEqual(3, 60);
+  rig.autoNext();
+  rig.start(0);
+  rig.ticks(490);
+  rig.form.HScroll1.userDrag(20);
+  rig.ticks(20);
+  ASSERT_EQ(rig.currentSong(), "b.mp3");
+  EXPECT_EQ(rig.form.HScroll1.value(), 20);
+  rig.form.HScroll1.userRelease();
+  EXPECT_DOUBLE_EQ(rig.graph('B').position(), 20.0);
+}
+
+TEST(Transport, ANewSongBringsTheThumbBackToTheStart) {
+  PlayerRig rig;
+  rig.fillEqual(3, 60);
+  rig.start(0);
+  rig.ticks(300);
+  rig.start(1);
+  EXPECT_EQ(rig.form.HScroll1.value(), 1);
+}
+
 TEST(Transport, NoSeekWhileAMixLatchIsSet) {
   PlayerRig rig;
   rig.fillEqual(3, 180);
