@@ -11,6 +11,8 @@
 namespace nerolith::system {
 namespace {
 
+using namespace std::string_literals;
+
 class IniSettings : public ::testing::Test {
  protected:
   std::string text() const { return scratch.contents("settings.ini"); }
@@ -65,7 +67,7 @@ TEST_F(IniSettings, NumbersOfAnySizeAreTexts) {
 }
 
 TEST_F(IniSettings, HoldBytesThatAreNoText) {
-  const std::string bytes("/music/\xFF\xFE\x01\x00 \xC3\xA9\xC3", 15);
+  const std::string bytes = "/music/\xFF\xFE\x01\x00 \xC3\xA9\xC3"s;
   write(bytes);
   EXPECT_EQ(IniSettingsStore(file).read("App", "Setting", "setting"), bytes);
   EXPECT_EQ(text(), "[App/Setting]\nsetting=/music/\\xff\\xfe\\x01\\x00 \xC3\xA9\\xc3\n");
@@ -82,10 +84,9 @@ TEST_F(IniSettings, NamesMayHoldAnything) {
 }
 
 TEST_F(IniSettings, GarbageIsSetAsideAndToldOnce) {
-  const std::string garbage(
+  const std::string garbage =
       "\x7F"
-      "ELF\0\xFF no settings",
-      20);
+      "ELF\0\xFF no settings"s;
   setText(garbage);
   EXPECT_EQ(setting(), std::nullopt);
   EXPECT_EQ(scratch.contents("settings.ini.damaged-1"), garbage);
@@ -111,8 +112,8 @@ TEST_F(IniSettings, WhatWasSetAsideIsNeverOverwritten) {
 TEST_F(IniSettings, EveryKindOfDamageIsSetAside) {
   for (const std::string& bytes :
        {std::string("key=before any group\n"), std::string("[App/Setting\nsetting=1\n"),
-        std::string("[App/Setting]\nno sign\n"),
-        std::string("[App/Setting]\nsetting=1\n\0x=2\n", 31), std::string((1 << 20) + 1, '#')}) {
+        std::string("[App/Setting]\nno sign\n"), "[App/Setting]\nsetting=1\n\0x=2\n"s,
+        std::string((1 << 20) + 1, '#')}) {
     setText(bytes);
     EXPECT_EQ(setting(), std::nullopt) << bytes.substr(0, 40);
     EXPECT_NE(store.trouble(), "") << bytes.substr(0, 40);
