@@ -3,4 +3,4 @@
 set -u
 cd "$(dirname "$0")/.."
 command -v clang-format >/dev/null || exit 77
-find src tests bench demo -name '*.h' -o -name '*.cpp' | xargs -r clang-format --dry-run --Werror
+find src tests benchmarks demo -name '*.h' -o -name '*.cpp' | xargs -r clang-format --dry-run --Werror

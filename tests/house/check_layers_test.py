@@ -47,7 +47,7 @@ class Layers(unittest.TestCase):
                 ("src/controls/form.h", '"forms/main_form.h"'),
                 ("src/platform/dialogs.h", '"player/deck.h"'),
                 ("src/player/deck.cpp", '"app/start.h"'),
-                ("src/player/deck.cpp", '"library/song_list.h"'),
+                ("src/tray/icon.cpp", '"playlist/editor.h"'),
                 ("src/player/deck.cpp", '"platform/simulated/clock.h"'),
                 ("src/player/deck.cpp", '"platform/linux/sound/graph.h"'),
                 ("src/app/start.cpp", '"platform/linux/system/files.h"'),
