@@ -174,5 +174,24 @@ TEST(ThirdBranch, TwentyFourAreSkippedAndTheTwentyFifthIsReportedOnce) {
   EXPECT_NE(rig.player.decks().currentDeckIsA, base::kFalse);
 }
 
+TEST(ThirdBranch, NothingStartsWhileItsMessageIsOpen) {
+  PlayerRig rig;
+  rig.fillEqual(100, 180);
+  rig.single();
+  rig.player.decks().currentDeckIsA = 1;
+  rig.player.state().playRetryCount = 24;
+  rig.machine.dialogs.answer(Answer::Ok, 30s);
+  bool asked = false;
+  rig.machine.timeline.post([&] {
+    asked = true;
+    rig.player.list1_DblClick();
+  });
+  rig.form.Command1.userClick();
+  EXPECT_TRUE(asked);
+  EXPECT_EQ(rig.machine.trace({Door::Dialogs}), kMessage);
+  EXPECT_EQ(rig.player.state().playRetryCount, 0);
+  EXPECT_TRUE(rig.form.Command3.enabled());
+}
+
 }  // namespace
 }  // namespace nerolith::player

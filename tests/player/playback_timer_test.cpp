@@ -146,6 +146,40 @@ TEST(PlaybackTimer, ATriggerTakesUpAChangedFadeLength) {
   EXPECT_FALSE(rig.graph('A').rendered());
 }
 
+TEST(PlaybackTimer, ATriggerTakesUpTheFadeLengthEvenWhenNothingFollows) {
+  PlayerRig rig;
+  rig.fillEqual(1, 60);
+  rig.autoNext();
+  rig.start(0);
+  rig.live.fadeLength = 2;
+  rig.ticks(490);
+  EXPECT_FLOAT_EQ(rig.player.state().fadeSteps, 5);
+  rig.ticks(15);
+  EXPECT_FLOAT_EQ(rig.player.state().fadeSteps, 2);
+}
+
+TEST(PlaybackTimer, TheSongsRunOutOnce) {
+  PlayerRig rig;
+  rig.fillEqual(1, 60);
+  rig.autoNext();
+  rig.recording.writes = true;
+  rig.start(0);
+  rig.ticks(900);
+  EXPECT_EQ(rig.recording.lastSongs, 1);
+}
+
+TEST(PlaybackTimer, AModeChosenBehindTheMixPointLetsTheSongPlayOut) {
+  PlayerRig rig;
+  rig.fillEqual(2, 60);
+  rig.single();
+  rig.start(0);
+  rig.ticks(550);
+  rig.autoNext();
+  rig.machine.clearTrace();
+  rig.ticks(200);
+  EXPECT_EQ(rig.decksTrace(), "");
+}
+
 TEST(PlaybackTimer, TheTimeCountsToTheSongsEndInTheMixingModesToo) {
   PlayerRig rig;
   rig.fillEqual(2, 180);
