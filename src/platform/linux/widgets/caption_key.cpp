@@ -24,12 +24,17 @@ void CaptionKey::paintEvent(QPaintEvent*) {
   if (underMouse() || isDown()) {
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(Qt::NoPen);
-    painter.setBrush(QColor(255, 255, 255, isDown() ? 18 : 32));
+    QColor veil = palette().color(QPalette::WindowText);
+    veil.setAlpha(isDown() ? 18 : 32);
+    painter.setBrush(veil);
     painter.drawRoundedRect(rect(), theme::kRound, theme::kRound);
   }
-  painter.setPen(underMouse() || hasFocus() ? theme::kInk : theme::kDimInk);
+  QColor ink = palette().color(QPalette::WindowText);
+  const QColor ring = theme::onPanel(theme::kFocus, ink);
+  if (!underMouse() && !hasFocus()) ink.setAlphaF(0.7F);
+  painter.setPen(ink);
   painter.drawText(rect(), Qt::AlignCenter, text());
-  if (hasFocus()) theme::paintFocus(painter, rect());
+  if (hasFocus()) theme::paintFocus(painter, rect(), theme::kRound, ring);
 }
 
 }  // namespace nerolith::widgets

@@ -18,6 +18,8 @@ namespace {
 
 constexpr int kStep = 14;
 constexpr int kRow = 24;
+constexpr int kRim = 6;
+constexpr QColor kGround{0x1c, 0x21, 0x26};
 constexpr int kDeepest = 12;  // steps that are drawn further in
 
 char separatorOf(const std::string& path) {
@@ -128,17 +130,14 @@ class FolderPopup::Row : public QStyledItemDelegate {
 FolderPopup::FolderPopup(controls::DirListBox& folders, QWidget* parent)
     : QListView(parent), folders_(folders), rows_(new Rows(folders, this)) {
   setFont(theme::fontFor(controls::Look::SongList));
-  setFrameStyle(QFrame::Box | QFrame::Plain);
-  QPalette rim = palette();
-  rim.setColor(QPalette::WindowText, QColor(0x4d, 0x58, 0x63));
-  setPalette(rim);
+  setFrameShape(QFrame::NoFrame);
   setUniformItemSizes(true);
   setEditTriggers(NoEditTriggers);
   setTabKeyNavigation(false);
   setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   setVerticalScrollMode(ScrollPerPixel);
   setVerticalScrollBar(new SlimScrollBar(this));
-  setViewportMargins(1, 5, 1, 5);
+  setViewportMargins(2, kRim, 2, kRim);
   setItemDelegate(new Row(*rows_, this));
   setModel(rows_);
   viewport()->setAttribute(Qt::WA_Hover);
@@ -150,9 +149,25 @@ QString FolderPopup::nameAt(int row) const { return rows_->index(row).data().toS
 std::string FolderPopup::pathAt(int row) const { return rows_->path(row); }
 int FolderPopup::rows() const { return rows_->rowCount(); }
 
+QSize FolderPopup::sizeHint() const {
+  return {420, rows() * std::max(kRow, sizeHintForRow(0)) + 2 * kRim};
+}
+
+bool FolderPopup::event(QEvent* event) {
+  if (event->type() == QEvent::Paint) {
+    QPainter painter(this);
+    painter.fillRect(rect(), kGround);
+    painter.setPen(QColor(0x5a, 0x66, 0x72));
+    painter.drawRect(rect().adjusted(0, 0, -1, -1));
+    return true;
+  }
+  return QListView::event(event);
+}
+
 void FolderPopup::refresh() {
   rows_->reload();
   verticalScrollBar()->setSingleStep(kRow);
+  updateGeometry();
   const int here = rows_->steps() - 1;
   if (here >= 0) {
     setCurrentIndex(rows_->index(here));
@@ -196,7 +211,7 @@ void FolderPopup::mouseDoubleClickEvent(QMouseEvent* event) {
 void FolderPopup::paintEvent(QPaintEvent* event) {
   {
     QPainter painter(viewport());
-    painter.fillRect(event->rect(), QColor(0x1b, 0x20, 0x25));
+    painter.fillRect(event->rect(), kGround);
   }
   QListView::paintEvent(event);
 }

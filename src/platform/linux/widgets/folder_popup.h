@@ -13,12 +13,16 @@ class FolderPopup : public QListView {
  public:
   FolderPopup(controls::DirListBox& folders, QWidget* parent);
 
+  /// As high as all its rows together.
+  QSize sizeHint() const override;
+
   /// What is shown in a row, and the full path that opening it leads to.
   QString nameAt(int row) const;
   std::string pathAt(int row) const;
   int rows() const;
 
  protected:
+  bool event(QEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
   void mouseReleaseEvent(QMouseEvent* event) override;

@@ -3,6 +3,7 @@
 #include <QCloseEvent>
 #include <QCursor>
 #include <QKeyEvent>
+#include <QMouseEvent>
 #include <QPainter>
 #include <algorithm>
 
@@ -14,6 +15,15 @@
 #include "platform/linux/widgets/theme.h"
 
 namespace nerolith::widgets {
+namespace {
+
+/// An event that a control did not take comes by again at the widgets around it.
+bool isUnderMouse(const QObject* watched, const QEvent* event) {
+  const QPoint place = static_cast<const QMouseEvent*>(event)->position().toPoint();
+  return static_cast<const QWidget*>(watched)->childAt(place) == nullptr;
+}
+
+}  // namespace
 
 FormWindow::FormWindow(controls::Form& form) : form_(form) {
   setAttribute(Qt::WA_OpaquePaintEvent);
@@ -92,7 +102,8 @@ void FormWindow::placeOverlays() {
     if (!floating.anchor || floating.widget->isHidden()) continue;
     const QPoint corner = floating.anchor->mapTo(this, QPoint(0, floating.anchor->height()));
     const int width = std::min(floating.overlay.width, this->width() - corner.x() - 14);
-    const int height = std::min(floating.overlay.height, this->height() - corner.y() - 14);
+    const int wanted = std::min(floating.overlay.height, floating.widget->sizeHint().height());
+    const int height = std::min(wanted, this->height() - corner.y() - 14);
     floating.widget->setGeometry(corner.x(), corner.y(), width, std::max(height, 60));
     floating.widget->raise();
   }
@@ -125,9 +136,10 @@ bool FormWindow::eventFilter(QObject* watched, QEvent* event) {
         lastInputWasKey_ = false;
         break;
       case QEvent::MouseMove:
-        if (!ownsOverlay(watched)) form_.mouseMoved.raise();
+        if (isUnderMouse(watched, event) && !ownsOverlay(watched)) form_.mouseMoved.raise();
         break;
       case QEvent::Show:
+      case QEvent::LayoutRequest:
         placeOverlays();
         break;
       default:

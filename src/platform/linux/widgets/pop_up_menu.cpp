@@ -33,6 +33,10 @@ void fill(QMenu& menu, const controls::MenuItem& items) {
 
 QMenu* makePopUpMenu(const controls::MenuItem& menu, QWidget* parent) {
   auto* popUp = new QMenu(parent);
+  QPalette raised = theme::palette();
+  raised.setColor(QPalette::Window, QColor(0x2b, 0x31, 0x38));
+  raised.setColor(QPalette::Base, QColor(0x2b, 0x31, 0x38));
+  popUp->setPalette(raised);
   popUp->setAttribute(Qt::WA_DeleteOnClose);
   fill(*popUp, menu);
   return popUp;

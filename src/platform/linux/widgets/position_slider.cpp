@@ -91,6 +91,8 @@ void PositionSlider::paintEvent(QPaintEvent*) {
   painter.drawRoundedRect(line.translated(0, 1), 2, 2);
   painter.setBrush(QColor(0x0b, 0x0d, 0x0f));
   painter.drawRoundedRect(line, 2, 2);
+  const QColor ink = palette().color(QPalette::Active, QPalette::WindowText);
+  const QColor amber = theme::onPanel(theme::kAmber, ink);
   const qreal thumb = thumbCentre();
   if (isEnabled()) {
     painter.setBrush(theme::kAccent);
@@ -98,12 +100,12 @@ void PositionSlider::paintEvent(QPaintEvent*) {
   }
   if (!bar_.endMark().empty()) {
     painter.setPen(Qt::NoPen);
-    painter.setBrush(theme::kAmber);
+    painter.setBrush(amber);
     painter.drawRect(QRectF(line.right() - 1, line.center().y() - 8, 2, 16));
     QFont small = theme::fontFor(controls::Look::Dim);
     small.setPixelSize(10);
     painter.setFont(small);
-    painter.setPen(theme::kAmber);
+    painter.setPen(amber);
     painter.drawText(QRectF(0, 0, line.right() - 6, line.top() - 3),
                      Qt::AlignRight | Qt::AlignBottom, QString::fromStdString(bar_.endMark()));
   }
@@ -116,7 +118,7 @@ void PositionSlider::paintEvent(QPaintEvent*) {
   painter.drawEllipse(centre, kThumb - (dragging_ ? 0 : 0.5), kThumb - (dragging_ ? 0 : 0.5));
   if (hasFocus()) {
     painter.setBrush(Qt::NoBrush);
-    painter.setPen(QPen(theme::kFocus, 2));
+    painter.setPen(QPen(theme::onPanel(theme::kFocus, ink), 2));
     painter.drawEllipse(centre, kThumb + 1, kThumb + 1);
   }
 }

@@ -16,10 +16,10 @@ constexpr std::array<std::uint8_t, 10> kDigits = {0x3F, 0x06, 0x5B, 0x4F, 0x66,
 constexpr std::uint8_t kDash = 0x40;
 
 // All in shares of the height.
-constexpr qreal kDigitWidth = 0.52;
+constexpr qreal kDigitWidth = 0.58;
 constexpr qreal kColonWidth = 0.16;
-constexpr qreal kSpacing = 0.15;
-constexpr qreal kBar = 0.125;
+constexpr qreal kSpacing = 0.16;
+constexpr qreal kBar = 0.145;
 constexpr qreal kSlit = 0.014;
 constexpr qreal kLean = 0.07;
 

@@ -168,11 +168,15 @@ void paintLamp(QPainter& painter, const QPointF& centre, qreal size, const QColo
   painter.restore();
 }
 
-void paintFocus(QPainter& painter, const QRectF& area, qreal round) {
+QColor onPanel(const QColor& colour, const QColor& ink) {
+  return ink.lightness() < 128 ? colour.darker(210) : colour;
+}
+
+void paintFocus(QPainter& painter, const QRectF& area, qreal round, const QColor& colour) {
   painter.save();
   painter.setRenderHint(QPainter::Antialiasing);
   painter.setBrush(Qt::NoBrush);
-  painter.setPen(QPen(kFocus, 1.5));
+  painter.setPen(QPen(colour, 1.5));
   painter.drawRoundedRect(area.adjusted(1, 1, -1, -1), round - 1, round - 1);
   painter.restore();
 }

@@ -61,6 +61,10 @@ void paintLamp(QPainter& painter, const QPointF& centre, qreal size, const QColo
 bool lampLit(const QColor& colour);
 
 /// The ring around what has the keyboard.
-void paintFocus(QPainter& painter, const QRectF& area, qreal round = kRound);
+void paintFocus(QPainter& painter, const QRectF& area, qreal round = kRound,
+                const QColor& colour = kFocus);
+
+/// `colour` as it can be read on a panel whose ink is `ink`: the panel may be a light picture.
+QColor onPanel(const QColor& colour, const QColor& ink);
 
 }  // namespace nerolith::widgets::theme

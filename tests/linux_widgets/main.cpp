@@ -1,0 +1,11 @@
+// Runs without a screen unless another platform is asked for by QT_QPA_PLATFORM.
+#include <gtest/gtest.h>
+
+#include "platform/linux/widgets/qt_application.h"
+
+int main(int argc, char** argv) {
+  testing::InitGoogleTest(&argc, argv);
+  if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
+  const nerolith::widgets::QtApplication application(argc, argv);
+  return RUN_ALL_TESTS();
+}
