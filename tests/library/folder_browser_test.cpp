@@ -233,6 +233,8 @@ TEST_F(Browser, RefreshInPlaylistModeClearsTheTagsAndLeavesTheEntries) {
   EXPECT_FALSE(songs.recent(1));
   EXPECT_EQ(form.Text1.text(), "X:\\two.mp3");
   EXPECT_EQ(form.Label9.caption(), "two");
+  EXPECT_EQ(form.List1.listIndex(), 1);
+  EXPECT_TRUE(form.List1.selected(1));
   EXPECT_EQ(machine.trace({Door::Files}), "");
 }
 
