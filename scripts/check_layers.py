@@ -204,8 +204,11 @@ def long_functions(lines):
         if "(" not in statement or NO_FUNCTION.match(statement.split("(")[0]) \
                 or NO_FUNCTION.match(start):
             continue
-        closing = start[:len(start) - len(start.lstrip())] + "}"
+        margin = start[:len(start) - len(start.lstrip())]
+        closing = margin + "}"
         for end in range(number + 1, len(lines)):
+            if lines[end].strip() and not lines[end].startswith(margin):
+                break
             if lines[end].startswith(closing):
                 if lines[end] == closing and end - first + 1 > LONGEST_FUNCTION:
                     yield first + 1, end - first + 1

@@ -124,6 +124,9 @@ class Length(unittest.TestCase):
                 self.assertEqual(len(check({"src/base/a.cpp": over})), 1, over)
 
     def test_a_block_handed_to_a_call_does_not_swallow_what_follows(self):
+        text = "void f() {\n  EXPECT(\n      {\n        x();\n      },\n      y);\n}\n"
+        text += "void g() {\n  x();\n}\n" * 20 + "class A {\n  void h() {\n  }\n};\n"
+        self.assertEqual(check({"src/base/a.cpp": text}), [])
         text = "  on(click, [this](int a) {\n    x();\n  });\n" + "}\n\nvoid f() {\n}\n" * 20 + "  }\n"
         self.assertEqual(check({"src/base/a.cpp": text}), [])
 
