@@ -100,7 +100,8 @@ TEST_P(Formats, SoundIsTheOriginalAndNotShiftedAgainstIt) {
   // A bare mp3 or mp2 carries its encoder's delay with nobody to tell of it: up to 50 ms.
   EXPECT_LE(std::abs(shift), 0.055 * sound::kSampleRate);
   const auto place = static_cast<std::size_t>(60000 + shift);
-  EXPECT_LT(difference(piece, std::span(original).subspan(place, 3000)), 0.03);
+  // Wrong sound differs by 0.25 and more; a mono file of 8 kHz by a part of its own long samples.
+  EXPECT_LT(difference(piece, std::span(original).subspan(place, 3000)), 0.06);
   if (shift != 0) std::cout << "    " << GetParam() << " shifted by " << shift << " frames\n";
 }
 

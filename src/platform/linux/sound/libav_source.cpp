@@ -82,6 +82,8 @@ void LibavSource::openContainer() {
   context->pb = bytes_;
   context->flags |= AVFMT_FLAG_CUSTOM_IO;
   context->io_open = &refuseToOpen;
+  // Lists of other files open them behind io_open's back; no protocol of theirs has this name.
+  context->protocol_whitelist = av_strdup("none");
   context->interrupt_callback = {&isAborted, file_.get()};
   // The name only helps to guess the format. On failure libav has freed the context.
   const int opened = avformat_open_input(&context, file_->path().c_str(), nullptr, nullptr);
