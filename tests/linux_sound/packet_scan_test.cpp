@@ -89,7 +89,7 @@ TEST(MpegFrameIndex, CountsTheFramesBetweenTagsAtBothEnds) {
 
 TEST(MpegFrameIndex, LeavesOutTheFrameThatTheFilesEndCuts) {
   Bytes bytes = frames(50);
-  bytes.resize(bytes.size() - 100);
+  bytes.erase(bytes.end() - 100, bytes.end());
   const Written song(bytes);
   EXPECT_EQ(indexMpegFrames(*song.file, *findMpegSong(*song.file)).frames, 49);
 }
