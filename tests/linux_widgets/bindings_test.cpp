@@ -6,6 +6,7 @@
 #include "platform/linux/widgets/digital_display.h"
 #include "platform/linux/widgets/drive_combo.h"
 #include "platform/linux/widgets/folder_popup.h"
+#include "platform/linux/widgets/glass_colour.h"
 #include "platform/linux/widgets/label_view.h"
 #include "platform/linux/widgets/lamp.h"
 #include "platform/linux/widgets/level_bar.h"
@@ -56,14 +57,16 @@ TEST_F(Bindings, TimeHearsBothMouseButtonsAndTheirKeys) {
 TEST_F(Bindings, TimeIsReadableInEveryColourAsPainted) {
   auto& time = widget<DigitalDisplay>("Time");
   form.Label1.setCaption("88:88");
+  const QRect place(time.mapTo(window, QPoint()), time.size());
   for (const controls::Colour colour : controls::kBasicPalette) {
     form.Label1.setForeColour(colour);
-    const QImage seen = time.grab().toImage();
-    const QRgb wanted =
-        QColor(controls::redOf(colour), controls::greenOf(colour), controls::blueOf(colour)).rgb();
+    const QImage seen = window->grab(place).toImage();
+    const QColor ink = toQColor(colour);
+    const QColor glass = seen.pixelColor(seen.width() - 6, seen.height() / 2);
+    EXPECT_GE(contrastRatio(ink, glass), 3.0) << std::hex << colour;
     int painted = 0;
     for (int y = 0; y < seen.height(); ++y)
-      for (int x = 0; x < seen.width(); ++x) painted += seen.pixel(x, y) == wanted;
+      for (int x = 0; x < seen.width(); ++x) painted += seen.pixel(x, y) == ink.rgb();
     EXPECT_GT(painted, 1000) << std::hex << colour;
   }
 }
