@@ -145,6 +145,7 @@ ScratchFolder::ScratchFolder() {
 }
 
 ScratchFolder::~ScratchFolder() {
+  if (std::getenv("ENDTOEND_KEEP") != nullptr) return;
   std::error_code ignored;
   std::filesystem::remove_all(path_, ignored);
 }

@@ -61,7 +61,8 @@ std::string outputOf(Command command, const std::filesystem::path& scratch);
 
 std::string contentsOf(const std::filesystem::path& file);
 
-/// A folder under the system's temporary one, removed with everything in it.
+/// A folder under the system's temporary one, removed with everything in it; unless ENDTOEND_KEEP
+/// is set, for those who want to look at a recording.
 class ScratchFolder {
  public:
   ScratchFolder();

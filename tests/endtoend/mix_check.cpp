@@ -21,29 +21,35 @@ std::string sentence(const Words&... words) {
 // The released deck is one step past -50 dB away; below this nothing of it is left.
 constexpr double kGone = -53;
 
+// The first audible moment of a song; negative when there is none.
+double startOf(const Sound& sound, const MixedSong& song) {
+  const auto heard =
+      stretchesAbove(envelopeOf(sound, song.hertz, 0, sound.length(), 0.005), kToneLevel - 6, 0.1);
+  return heard.empty() ? -1 : heard.front().from;
+}
+
+double lateness(const MixedSong& old, double oldStart, const MixedSong& next, double nextStart,
+                double lead) {
+  return nextStart - next.attack - (oldStart - old.attack + old.length - lead);
+}
+
 class MixChecker {
  public:
   MixChecker(const Sound& sound, const MixSettings& settings, const MixTolerance& tolerance,
              Complaints& complaints)
       : sound_(sound), settings_(settings), tolerance_(tolerance), complaints_(complaints) {}
 
-  // Both songs' first audible moments; negative when there is none.
-  double startOf(const MixedSong& song) const {
-    const auto heard = stretchesAbove(envelopeOf(sound_, song.hertz, 0, sound_.length(), 0.005),
-                                      kToneLevel - 6, 0.1);
-    return heard.empty() ? -1 : heard.front().from;
-  }
-
   std::string check(const MixedSong& old, double oldStart, const MixedSong& next,
                     double nextStart) {
-    const double end = oldStart - old.attack + old.length;
-    const double late = nextStart - next.attack - (end - settings_.lead);
+    const double late = lateness(old, oldStart, next, nextStart, settings_.lead);
     if (std::abs(late) > tolerance_.start) complain(old, next, sentence("starts ", late, " s off"));
+    const double began = nextStart - next.attack;
     const Envelope fade =
-        envelopeOf(sound_, old.hertz, nextStart - 0.3, nextStart + settings_.length + 1.5, 0.005);
-    const double drift = checkSteps(old, next, fade, nextStart);
-    const double gone = checkGone(old, next, fade, nextStart);
-    return sentence(old.name, " > ", next.name, ": start ", late * 1000, " ms off, ", steps_,
+        envelopeOf(sound_, old.hertz, began - 0.3, began + settings_.length + 1.5, 0.005);
+    const double drift = checkSteps(old, next, fade, began);
+    const double gone = checkGone(old, next, fade, began);
+    return sentence(old.name, " > ", next.name, ": start ", late * 1000,
+                    " ms off, first step after ", wait_ * 1000, " ms, ", steps_,
                     " steps, worst level ", worst_, " dB, worst step time ", drift * 1000,
                     " ms, gone after ", gone, " s");
   }
@@ -55,20 +61,20 @@ class MixChecker {
 
   // Returns how far the worst step is from a steady beat.
   double checkSteps(const MixedSong& old, const MixedSong& next, const Envelope& fade,
-                    double nextStart) {
+                    double began) {
     const double step = 5000 / (settings_.length * 10 + 1);
-    const double full = fade.at(nextStart - 0.1);
-    const auto steps = fallingSteps(fade, nextStart - 0.1, nextStart + settings_.length + 1.0,
-                                    std::min(1.0, step / 200));
+    const double full = fade.at(began - 0.1);
+    const auto steps =
+        fallingSteps(fade, began - 0.1, began + settings_.length + 1.0, std::min(1.0, step / 200));
     worst_ = 0;
     steps_ = 0;
     double hundredths = 0, drift = 0;
     if (steps.empty()) return complain(old, next, "does not fade"), 0;
     if (std::abs(full - kToneLevel) > tolerance_.level)
       complain(old, next, sentence("is at ", full, " dB before it fades"));
-    const double wait = steps.front().at - nextStart;
-    if (wait < 0 || wait > tolerance_.firstStep)
-      complain(old, next, sentence("takes its first step ", wait, " s after the start"));
+    wait_ = steps.front().at - began;
+    if (wait_ < 0 || wait_ > tolerance_.firstStep)
+      complain(old, next, sentence("takes its first step ", wait_, " s after the start"));
     // The beat that fits best: half of the jitter goes to either side of it.
     double lead = 0, lag = 0;
     for (std::size_t n = 0; n < steps.size(); ++n) {
@@ -91,11 +97,11 @@ class MixChecker {
   }
 
   double checkGone(const MixedSong& old, const MixedSong& next, const Envelope& fade,
-                   double nextStart) {
+                   double began) {
     const double step = 5000 / (settings_.length * 10 + 1);
     const double due = 0.1 * (std::floor(5000 / std::nearbyint(step)) + 1);
     const auto heard = stretchesAbove(fade, kToneLevel + kGone);
-    const double gone = heard.empty() ? -1 : heard.back().to - nextStart;
+    const double gone = heard.empty() ? -1 : heard.back().to - began;
     if (std::abs(gone - due) > tolerance_.gone)
       complain(old, next, sentence("is gone after ", gone, " s instead of ", due));
     return gone;
@@ -106,6 +112,7 @@ class MixChecker {
   const MixTolerance tolerance_;
   Complaints& complaints_;
   double worst_ = 0;
+  double wait_ = 0;
   int steps_ = 0;
 };
 
@@ -118,19 +125,31 @@ std::vector<std::string> checkMixes(const Sound& sound, const std::vector<MixedS
   std::vector<std::string> figures;
   std::vector<double> starts;
   for (const MixedSong& song : songs) {
-    starts.push_back(checker.startOf(song));
+    starts.push_back(startOf(sound, song));
     if (starts.back() < 0) return complaints.push_back(song.name + " is not heard"), figures;
   }
   for (std::size_t i = 0; i + 1 < songs.size(); ++i)
     figures.push_back(checker.check(songs[i], starts[i], songs[i + 1], starts[i + 1]));
 
   const double from = starts.front() + 0.05;
-  const double to = starts.back() - songs.back().attack + songs.back().length - 0.2;
+  const double to = starts.back() - songs.back().attack + songs.back().length - 0.35;
   const auto silences = silencesIn(sound, from, std::min(to, sound.length()));
   if (!silences.empty()) complaints.push_back("silent at " + describe(silences));
   const auto clicks = clicksIn(sound, from - 0.2, to + 0.5);
   if (!clicks.empty()) complaints.push_back("clicks at " + describe(clicks));
   return figures;
+}
+
+std::vector<double> lateStarts(const Sound& sound, const std::vector<MixedSong>& songs,
+                               double lead) {
+  constexpr double kAnHour = 3600;
+  std::vector<double> starts, late;
+  for (const MixedSong& song : songs) starts.push_back(startOf(sound, song));
+  for (std::size_t i = 0; i + 1 < songs.size(); ++i)
+    late.push_back(starts[i] < 0 || starts[i + 1] < 0
+                       ? kAnHour
+                       : lateness(songs[i], starts[i], songs[i + 1], starts[i + 1], lead));
+  return late;
 }
 
 }  // namespace nerolith::endtoend

@@ -41,4 +41,9 @@ std::vector<std::string> checkMixes(const Sound& sound, const std::vector<MixedS
                                     const MixSettings& settings, Complaints& complaints,
                                     const MixTolerance& tolerance = {});
 
+/// By how many seconds each song but the first begins later than `lead` before the end of the one
+/// before it, in the order given. A song that is not heard begins an hour late.
+std::vector<double> lateStarts(const Sound& sound, const std::vector<MixedSong>& songs,
+                               double lead);
+
 }  // namespace nerolith::endtoend

@@ -132,7 +132,9 @@ Place PlayerWindow::place() const {
   return place;
 }
 
-void PlayerWindow::close() const { tool({"windowclose", window_}); }
+void PlayerWindow::close() const {
+  tool({"windowfocus", "--sync", window_, "key", "--clearmodifiers", "alt+F4"});
+}
 
 std::optional<int> PlayerWindow::waitForEnd(double longest) {
   return program_->wait(std::chrono::milliseconds(static_cast<int>(longest * 1000)));

@@ -36,7 +36,7 @@ class PlayerWindow {
   void dragFromTo(int fromX, int fromY, int toX, int toY) const;
   void moveMouse(int x, int y) const;
   Place place() const;
-  /// Closes the main window as the window manager's button does.
+  /// Closes the main window as the window manager does for Alt+F4.
   void close() const;
 
   bool running() { return program_->running(); }

@@ -27,9 +27,17 @@ Outcome twentySongs() {
                            std::to_string(times[i]) + " times");
   const auto order = orderHeard(sound, stage.songs);
   if (std::is_sorted(order.begin(), order.end())) complaints.push_back("it is not random");
+  std::vector<MixedSong> played;
+  for (const std::size_t song : order) played.push_back(mixed(stage.songs)[song]);
+  auto late = lateStarts(sound, played, 1);
+  std::sort(late.begin(), late.end());
+  if (late.front() < -0.15 || late.back() > 0.15)
+    complaints.push_back(figure("a song starts off by", late.back(), "s"));
   const auto clicks = clicksIn(sound, 0.3, sound.length());
   if (!clicks.empty()) complaints.push_back("clicks at " + describe(clicks));
-  return stage.outcome(complaints);
+  return stage.outcome(complaints, {figure("starts are late by", late.front(), "s at least") +
+                                    figure(", half of them by", late[late.size() / 2], "s") +
+                                    figure(", the latest by", late.back(), "s")});
 }
 
 TEST(Random, PlaysEachOfTwentySongsOnceBeforeItStops) { measure(twentySongs); }

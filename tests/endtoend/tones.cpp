@@ -59,6 +59,15 @@ Sound tone(double hertz, double seconds) {
   return shaped(seconds, [&](double time) { return 2 * std::numbers::pi * hertz * time; });
 }
 
+Sound songOf(double hertz, double seconds) {
+  constexpr double kSilence = 0.1;
+  Sound sound = tone(hertz, seconds - 2 * kSilence);
+  const auto count = static_cast<std::size_t>(kSilence * Sound::kRate);
+  sound.samples.insert(sound.samples.begin(), count, 0.0F);
+  sound.samples.insert(sound.samples.end(), count, 0.0F);
+  return sound;
+}
+
 Sound climbingTone(double seconds) {
   return shaped(seconds, [](double time) {
     return 2 * std::numbers::pi * (kClimbStart * time + kClimbRate * time * time / 2);
@@ -67,7 +76,7 @@ Sound climbingTone(double seconds) {
 
 double positionInClimb(double hertz) { return (hertz - kClimbStart) / kClimbRate; }
 
-double songFrequency(std::size_t index) { return 700 + 270 * static_cast<double>(index); }
+double songFrequency(std::size_t index) { return 700 + 270 * static_cast<double>(index * 7 % 20); }
 
 void writeWav(const Sound& sound, const std::filesystem::path& file) {
   const auto dataBytes = static_cast<std::uint32_t>(sound.samples.size() * 4);
@@ -125,8 +134,10 @@ Song encode(const Sound& sound, double hertz, const std::filesystem::path& file)
 std::vector<Song> makeSongs(const std::filesystem::path& folder,
                             const std::vector<std::string>& names, double seconds) {
   std::vector<Song> songs;
-  for (std::size_t i = 0; i < names.size(); ++i)
-    songs.push_back(encode(tone(songFrequency(i), seconds), songFrequency(i), folder / names[i]));
+  for (std::size_t i = 0; i < names.size(); ++i) {
+    const Sound song = songOf(songFrequency(i), seconds + 0.023 * static_cast<double>(i));
+    songs.push_back(encode(song, songFrequency(i), folder / names[i]));
+  }
   return songs;
 }
 

@@ -20,7 +20,9 @@ Sound tone(double hertz, double seconds);
 Sound climbingTone(double seconds);
 double positionInClimb(double hertz);
 
-/// Frequencies that can be told apart: nearest neighbours are 270 Hz apart, all below 7 kHz.
+/// Twenty frequencies below 6 kHz, 270 Hz apart, in an order that keeps songs which follow one
+/// another 1890 Hz apart or more: a coder's noise lies around its tone, and would hide the last of
+/// the song before.
 double songFrequency(std::size_t index);
 
 void writeWav(const Sound& sound, const std::filesystem::path& file);
@@ -39,7 +41,13 @@ struct Song {
 /// length are measured in what the file decodes to. Throws std::runtime_error when ffmpeg fails.
 Song encode(const Sound& sound, double hertz, const std::filesystem::path& file);
 
-/// One song of `seconds` for each name in `folder`, the n-th with songFrequency(n).
+/// A tone with 0.1 s of silence on either side: some coders lose the first or last of what they are
+/// given, and a tone cut in mid-swing would click by itself.
+Sound songOf(double hertz, double seconds);
+
+/// One song for each name in `folder`, the n-th with songFrequency(n). Each is 23 ms longer than
+/// the one before, the first lasts `seconds`: equal lengths would let every mix fall into the same
+/// phase of the player's timer.
 std::vector<Song> makeSongs(const std::filesystem::path& folder,
                             const std::vector<std::string>& names, double seconds);
 

@@ -5,18 +5,21 @@
 
 namespace nerolith::endtoend::places {
 
-inline constexpr int kSliderY = 200;
+inline constexpr int kSliderY = 194;
 inline constexpr int kMargin = 14;
 inline constexpr int kSliderEnd = 9;  // from the slider's edge to the end of its track
 
-/// The track's place for a share of its length.
+/// The slider's place for a share of its length.
 inline int sliderX(int windowWidth, double share) {
   const int left = kMargin + kSliderEnd;
   return left + static_cast<int>(std::lround(share * (windowWidth - 2 * left)));
 }
 
-inline constexpr int kTimeX = 100, kTimeY = 90;
-inline constexpr int kDriveX = 60, kDriveY = 300;
-inline constexpr int kListX = 200, kListY = 420;
+inline constexpr int kTimeX = 117, kTimeY = 98;  // the middle of the digits
+inline constexpr int kCloseX = 788, kCloseY = 25;
+inline constexpr int kNoticeX = 280, kNoticeY = 90;  // left end of the line under the song's name
+inline constexpr int kNoticeWidth = 510, kNoticeHeight = 20;
+inline constexpr int kDriveX = 160, kDriveY = 283;
+inline constexpr int kFolderX = 500, kFolderY = 283;
 
 }  // namespace nerolith::endtoend::places
