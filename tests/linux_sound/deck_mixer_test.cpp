@@ -43,6 +43,24 @@ float largestJump(const std::vector<Frame>& frames) {
   return jump;
 }
 
+void expectGoldenMix(const std::vector<Frame>& out) {
+  const std::string golden = NEROLITH_SOURCE_DIR "/tests/linux_sound/golden_mix.txt";
+  std::ofstream actual(golden + ".actual");
+  for (std::size_t i = 0; i < out.size(); i += 10) {
+    actual << std::lround(out[i].left * 10000) << ' ' << std::lround(out[i].right * 10000) << '\n';
+  }
+  actual.close();
+  std::ifstream expected(golden);
+  ASSERT_TRUE(expected) << "no golden mix; compare and keep " << golden << ".actual";
+  for (std::size_t i = 0; i < out.size(); i += 10) {
+    long left = 0;
+    long right = 0;
+    ASSERT_TRUE(expected >> left >> right);
+    EXPECT_NEAR(out[i].left * 10000, static_cast<double>(left), 1.5) << "frame " << i;
+    EXPECT_NEAR(out[i].right * 10000, static_cast<double>(right), 1.5) << "frame " << i;
+  }
+}
+
 TEST(DeckMixer, GivesSilenceWithoutDecks) {
   DeckMixer mixer;
   std::vector<Frame> out = constant(64, 1);
@@ -218,21 +236,7 @@ TEST(DeckMixer, MixesAsTheGoldenMixDoes) {
   mixer.remove(old.voice);
   go(900);
 
-  const std::string golden = NEROLITH_SOURCE_DIR "/tests/linux_sound/golden_mix.txt";
-  std::ofstream actual(golden + ".actual");
-  for (std::size_t i = 0; i < out.size(); i += 10) {
-    actual << std::lround(out[i].left * 10000) << ' ' << std::lround(out[i].right * 10000) << '\n';
-  }
-  actual.close();
-  std::ifstream expected(golden);
-  ASSERT_TRUE(expected) << "no golden mix; compare and keep " << golden << ".actual";
-  for (std::size_t i = 0; i < out.size(); i += 10) {
-    long left = 0;
-    long right = 0;
-    ASSERT_TRUE(expected >> left >> right);
-    EXPECT_NEAR(out[i].left * 10000, static_cast<double>(left), 1.5) << "frame " << i;
-    EXPECT_NEAR(out[i].right * 10000, static_cast<double>(right), 1.5) << "frame " << i;
-  }
+  expectGoldenMix(out);
 }
 
 TEST(GainOfVolume, FollowsTheDecibelsAndIsSilentAtTheBottom) {
