@@ -47,6 +47,8 @@ class Decks {
 
   /// The sentence of the sound output's trouble, empty while there is none.
   std::string soundTrouble() const { return graphs_.soundTrouble(); }
+  /// How much later than its start a song is heard, in seconds.
+  double startDelay() const { return graphs_.startDelay(); }
 
  private:
   void loadFrom(Deck& old, Deck& next, const std::string& path);

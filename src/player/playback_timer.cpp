@@ -97,7 +97,10 @@ void PlaybackTimer::showTime() {
 void PlaybackTimer::triggerMix(Deck& deck) {
   if (songs_.listExhausted) return;
   const double lead = form_.Option1.value() ? 0.0 : double{live_.mixLead};
-  const bool due = mixIsDue({deck.position, deck.duration, lead, base::isSet(deck.fadeOut),
+  // Positions tell what is heard now. A song started now is heard later by the output's delay, and
+  // it is heard that the mix point is for.
+  const double early = lead + decks_.startDelay();
+  const bool due = mixIsDue({deck.position, deck.duration, early, base::isSet(deck.fadeOut),
                              base::isSet(state_.manualStartFirst)});
   if (!due) {
     deck.mixLatch = base::kFalse;

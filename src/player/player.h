@@ -6,6 +6,7 @@
 #include "forms/main_form.h"
 #include "library/song_list.h"
 #include "platform/dialogs.h"
+#include "platform/event_queue.h"
 #include "platform/filter_graph.h"
 #include "player/decks.h"
 #include "player/front_panel.h"
@@ -24,6 +25,7 @@ namespace nerolith::player {
 struct PlayerDoors {
   platform::FilterGraphFactory& graphs;
   platform::Dialogs& dialogs;
+  platform::EventQueue& events;
   /// Between the folders of a path, '\\' or '/'.
   char separator;
   /// See DrawSources.

@@ -101,8 +101,13 @@ void Transport::failedStart() {
     if (!form_.Option1.value()) doors_.playNext();
     return;
   }
-  // The timers go on while the message is open: nothing may start, nor count, until it is closed.
+  // Nothing may start, nor count, until the message is closed. It is shown once this event is over:
+  // the start may have come from a tick, and a tick that waits would stop the clock and the fades.
   form_.Command3.setEnabled(false);
+  doors_.later([this] { reportFailedStarts(); });
+}
+
+void Transport::reportFailedStarts() {
   base::goOn([this] {
     doors_.dialogs.showMessage({"Error playing selected file", platform::MessageIcon::Critical,
                                 platform::MessageButtons::Ok, platform::Answer::Ok});

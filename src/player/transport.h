@@ -22,6 +22,8 @@ struct TransportDoors {
   char separator;
   /// Play-next (`speelvolgendeknop`): where a failed start goes on.
   std::function<void()> playNext;
+  /// Runs a call once the current event is over.
+  std::function<void(std::function<void()>)> later;
 };
 
 /// Binds List1's double click, Command1 to Command4 and HScroll1. User-interface thread only.
@@ -65,6 +67,7 @@ class Transport final : public SongStarter {
   void bind();
   void loadAndStart();
   void failedStart();
+  void reportFailedStarts();
   void setPaused(bool paused);
   void limitSlider(const Deck& deck);
   void moveThumbToStart();

@@ -62,6 +62,7 @@ TEST(FailedStart, TwentyFourInARowAreSilentAndTheTwentyFifthIsReportedOnce) {
 
   rig.machine.dialogs.answer(Answer::Ok);
   rig.start(0);
+  rig.machine.advance(0ms);
   EXPECT_EQ(rig.machine.trace({Door::Dialogs}), kMessage);
   EXPECT_EQ(rig.machine.dialogs.lastMessage().icon, platform::MessageIcon::Critical);
   EXPECT_EQ(rig.player.state().playRetryCount, 0);
@@ -74,6 +75,7 @@ TEST(FailedStart, AFolderOfBrokenFilesIsReportedOnceInAutoNext) {
   rig.autoNext();
   rig.machine.dialogs.answer(Answer::Ok);
   rig.start(0);
+  rig.machine.advance(0ms);
   EXPECT_EQ(renders(rig), 25);
   EXPECT_EQ(rig.machine.trace({Door::Dialogs}), kMessage);
   rig.ticks(600);
@@ -86,6 +88,7 @@ TEST(FailedStart, AFolderOfBrokenFilesIsReportedOnceInRandom) {
   rig.random();
   rig.machine.dialogs.answer(Answer::Ok);
   rig.player.speelvolgendeknop();
+  rig.machine.advance(0ms);
   EXPECT_EQ(renders(rig), 25);
   EXPECT_EQ(rig.machine.trace({Door::Dialogs}), kMessage);
   EXPECT_TRUE(rig.form.Command3.enabled());
@@ -99,6 +102,7 @@ TEST(FailedStart, ASmallLoopOfBrokenFilesEndsToo) {
     random ? rig.random() : rig.autoNext();
     rig.machine.dialogs.answer(Answer::Ok);
     rig.player.speelvolgendeknop();
+    rig.machine.advance(0ms);
     EXPECT_EQ(renders(rig), 25);
     EXPECT_EQ(rig.machine.trace({Door::Dialogs}), kMessage);
   }
@@ -109,11 +113,25 @@ TEST(FailedStart, NothingStartsWhileItsMessageIsOpen) {
   rig.fillEqual(25, 0);
   rig.autoNext();
   rig.machine.dialogs.answer(Answer::Ok, 30s);
-  rig.machine.timeline.post([&] { rig.player.speelvolgendeknop(); });
   rig.start(0);
+  rig.machine.timeline.post([&] { rig.player.speelvolgendeknop(); });
+  rig.machine.advance(0ms);
   EXPECT_EQ(renders(rig), 25);
   EXPECT_TRUE(rig.form.Command3.enabled());
   EXPECT_EQ(rig.player.state().playRetryCount, 0);
+}
+
+TEST(FailedStart, TheClockAndTheFadeGoOnWhileItsMessageIsOpen) {
+  PlayerRig rig;
+  std::vector<double> durations(26, 0);
+  durations[0] = 60;
+  rig.fill(durations);
+  rig.autoNext();
+  rig.start(0);
+  rig.machine.dialogs.answer(Answer::Ok, 30s);
+  rig.machine.advance(52s);
+  EXPECT_EQ(rig.machine.dialogs.unusedAnswers(), 0u);
+  EXPECT_EQ(rig.machine.decks.audibleGraphs(), 0) << "the old song stood still in its fade";
 }
 
 TEST(FailedStart, ASongThatPlaysClearsTheCount) {
@@ -166,6 +184,7 @@ TEST(ThirdBranch, TwentyFourAreSkippedAndTheTwentyFifthIsReportedOnce) {
   rig.player.decks().currentDeckIsA = 1;
   rig.machine.dialogs.answer(Answer::Ok);
   rig.form.Command1.userClick();
+  rig.machine.advance(0ms);
   EXPECT_EQ(rig.form.List1.listIndex(), 24);
   EXPECT_EQ(rig.machine.trace({Door::Dialogs}), kMessage);
   EXPECT_EQ(rig.player.state().playRetryCount, 0);
@@ -187,6 +206,7 @@ TEST(ThirdBranch, NothingStartsWhileItsMessageIsOpen) {
     rig.player.list1_DblClick();
   });
   rig.form.Command1.userClick();
+  rig.machine.advance(0ms);
   EXPECT_TRUE(asked);
   EXPECT_EQ(rig.machine.trace({Door::Dialogs}), kMessage);
   EXPECT_EQ(rig.player.state().playRetryCount, 0);

@@ -98,10 +98,11 @@ struct PlayerRig {
   ScriptedRecording recording;
   int scans = 0;
   std::function<void()> onScan;
-  Player player{form, songs, live, recording, {machine.decks, dialogs, '\\', [this] {
-                                                 ++scans;
-                                                 if (onScan) onScan();
-                                               }}};
+  Player player{
+      form, songs, live, recording, {machine.decks, dialogs, machine.events, '\\', [this] {
+                                       ++scans;
+                                       if (onScan) onScan();
+                                     }}};
 };
 
 }  // namespace nerolith::player
