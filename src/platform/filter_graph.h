@@ -54,6 +54,10 @@ class FilterGraphFactory {
   /// One sentence for the user while sound cannot be put out ("The sound server does not answer
   /// ..."), empty while all is well. Playing goes on by itself at the same position once it can.
   virtual std::string soundTrouble() const = 0;
+
+  /// Seconds from running a deck to hearing it, now: what is on its way to the sound card. 0 where
+  /// nothing plays, or where the output has no such delay.
+  virtual double startDelay() const { return 0; }
 };
 
 }  // namespace nerolith::platform

@@ -1,5 +1,6 @@
 #include "platform/linux/sound/sound_engine.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "platform/linux/sound/pulse_output.h"
@@ -19,6 +20,11 @@ std::unique_ptr<platform::FilterGraph> SoundEngine::createFilterGraph() {
 }
 
 std::string SoundEngine::soundTrouble() const { return output_->trouble(); }
+
+double SoundEngine::startDelay() const {
+  const std::int64_t underWay = mixer_.mixedFrames() - output_->heardFrames();
+  return static_cast<double>(std::max<std::int64_t>(underWay, 0)) / kSampleRate;
+}
 
 EngineCounters SoundEngine::counters() const {
   return {mixer_.clippedSamples(), output_->underRuns(), mixer_.starvations()};

@@ -37,6 +37,7 @@ class SoundEngine : public platform::FilterGraphFactory {
 
   std::unique_ptr<platform::FilterGraph> createFilterGraph() override;
   std::string soundTrouble() const override;
+  double startDelay() const override;
 
   EngineCounters counters() const;
 

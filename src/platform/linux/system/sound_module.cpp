@@ -83,6 +83,10 @@ std::string LazySoundEngine::soundTrouble() const {
   return engine_ ? engine_->soundTrouble() : trouble_;
 }
 
+double LazySoundEngine::startDelay() const {
+  return over_.load(std::memory_order_acquire) && engine_ ? engine_->startDelay() : 0;
+}
+
 platform::FilterGraphFactory& LazySoundEngine::engine() {
   if (!begun_) {
     begun_ = true;

@@ -33,6 +33,7 @@ class LazySoundEngine : public platform::FilterGraphFactory {
 
   std::unique_ptr<platform::FilterGraph> createFilterGraph() override;
   std::string soundTrouble() const override;
+  double startDelay() const override;
 
   /// The real engine, loaded if need be. Fails if it cannot be had.
   platform::FilterGraphFactory& engine();
