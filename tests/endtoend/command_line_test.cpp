@@ -43,7 +43,7 @@ TEST_F(CommandLine, AQuestionMarkShowsTheUsageAndEnds) {
   start({"?"});
   ASSERT_TRUE(stage.player->waitForTitle("Nerolith", 5));
   pauseFor(0.5);
-  EXPECT_EQ(stage.player->countTitles("."), 1);
+  EXPECT_TRUE(staysSilent());
   stage.desktop.screenshot(std::filesystem::path(NEROLITH_SCREENSHOT_DIR) / "usage.png");
   stage.player->key("Return");
   EXPECT_EQ(stage.player->waitForEnd(5), 0);

@@ -3,16 +3,30 @@
 #include <cmath>
 #include <csignal>
 
+#include "endtoend/picture.h"
 #include "endtoend/stage.h"
+#include "endtoend/window_places.h"
 
 namespace nerolith::endtoend {
 namespace {
+
+// The line under the song's name, where the player says what is wrong.
+Picture notice(const Stage& stage) {
+  const Place window = stage.player->place();
+  return grab(stage.desktop, {window.x + places::kNoticeX, window.y + places::kNoticeY,
+                              places::kNoticeWidth, places::kNoticeHeight});
+}
+
+constexpr double kNothingWritten = 1.5;  // contrast of the glass with itself
+constexpr double kLegible = 4.5;
 
 Outcome serverDies() {
   Stage stage;
   const Song song = stage.prepareClimb("climb.wav", 15);
   stage.open({.mode = 1}, {song.file.string() + ",1"});
   pauseFor(3);
+  Complaints complaints;
+  if (contrastRatio(notice(stage)) > kNothingWritten) complaints.push_back("trouble without cause");
   stage.desktop.killSoundServer();
   const Sound before = stage.recording->sound();
   stage.recording.reset();
@@ -20,6 +34,8 @@ Outcome serverDies() {
   stage.desktop.screenshot(std::filesystem::path(NEROLITH_SCREENSHOT_DIR) / "sound-trouble.png");
   if (!stage.player->running()) return {{"the player is gone: " + stage.player->output()}, {}, {}};
 
+  const double contrast = contrastRatio(notice(stage));
+  if (contrast < kLegible) complaints.push_back("the player does not say what is wrong");
   // Held until the new recording runs, so that nothing of what it plays is missed.
   stage.player->program().signal(SIGSTOP);
   stage.desktop.startSoundServer();
@@ -32,9 +48,11 @@ Outcome serverDies() {
     return stage.outcome({"it does not play on: " + describe(silences)});
   const double left = positionBefore(before, before.length());
   const double resumed = positionAfter(after, silences.back().to);
-  const auto figures = {figure("left at", left, "s") + figure(", plays on at", resumed, "s")};
-  return stage.outcome(std::abs(resumed - left) > 0.25 ? Complaints(figures) : Complaints(),
-                       figures);
+  const std::string figures = figure("left at", left, "s") + figure(", plays on at", resumed, "s");
+  if (std::abs(resumed - left) > 0.25) complaints.push_back(figures);
+  if (contrastRatio(notice(stage)) > kNothingWritten)
+    complaints.push_back("the trouble is still told when it is over");
+  return stage.outcome(complaints, {figures, figure("contrast of the notice", contrast, "to 1")});
 }
 
 TEST(SoundServer, WhenItComesBackTheSongGoesOnWhereItWas) { measure(serverDies); }
