@@ -99,8 +99,8 @@ TEST(Faults, AMessageThatCannotBeShownBlocksNothing) {
   rig.fillEqual(30, 0);
   rig.autoNext();
   rig.start(0);
-  EXPECT_EQ(dialogs.asked, 1);
   rig.machine.advance(std::chrono::milliseconds(0));
+  EXPECT_EQ(dialogs.asked, 1);
   EXPECT_TRUE(rig.form.Command3.enabled());
   EXPECT_EQ(rig.player.state().playRetryCount, 0);
 }
