@@ -40,13 +40,17 @@ PlayerWindow::PlayerWindow(const PrivateDesktop& desktop, std::vector<std::strin
   program_ = std::make_unique<ChildProcess>(command);
 }
 
-std::string PlayerWindow::tool(std::vector<std::string> words) const {
-  words.insert(words.begin(), "xdotool");
+std::string PlayerWindow::printed(std::vector<std::string> words) const {
   const ScratchFolder scratch;
   Command command = desktop_.command(std::move(words));
   command.log = scratch.path() / "output";
   runToEnd(command);
   return contentsOf(command.log);
+}
+
+std::string PlayerWindow::tool(std::vector<std::string> words) const {
+  words.insert(words.begin(), "xdotool");
+  return printed(std::move(words));
 }
 
 std::vector<std::string> PlayerWindow::windowsTitled(const std::string& pattern) const {
@@ -119,17 +123,14 @@ void PlayerWindow::moveMouse(int x, int y) const {
 }
 
 Place PlayerWindow::place() const {
-  Place place;
-  for (const std::string& line : linesOf(tool({"getwindowgeometry", "--shell", window_}))) {
-    const auto equals = line.find('=');
-    const std::string name = line.substr(0, equals);
-    const int value = std::atoi(line.substr(equals + 1).c_str());
-    if (name == "X") place.x = value;
-    if (name == "Y") place.y = value;
-    if (name == "WIDTH") place.width = value;
-    if (name == "HEIGHT") place.height = value;
-  }
-  return place;
+  // Not xdotool's own answer: that counts the window's frame twice.
+  const std::string told = printed({"xwininfo", "-id", window_});
+  const auto number = [&](const std::string& name) {
+    const auto found = told.find(name + ":");
+    return found == told.npos ? 0 : std::atoi(told.c_str() + found + name.size() + 1);
+  };
+  return {number("Absolute upper-left X"), number("Absolute upper-left Y"), number("Width"),
+          number("Height")};
 }
 
 void PlayerWindow::close() const {

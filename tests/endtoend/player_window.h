@@ -46,6 +46,7 @@ class PlayerWindow {
   std::string output() const { return contentsOf(log_); }
 
  private:
+  std::string printed(std::vector<std::string> words) const;
   std::string tool(std::vector<std::string> words) const;
   std::vector<std::string> windowsTitled(const std::string& pattern) const;
 
