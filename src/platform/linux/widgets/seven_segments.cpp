@@ -2,9 +2,11 @@
 
 #include <QPainter>
 #include <QPainterPath>
+#include <QPixmapCache>
 #include <QTransform>
 #include <algorithm>
 #include <array>
+#include <cmath>
 #include <cstdint>
 
 namespace nerolith::widgets {
@@ -70,20 +72,71 @@ void addColon(QPainterPath& path, qreal x) {
   for (const qreal middle : {0.31, 0.69}) path.addRect(QRectF(left, middle - size / 2, size, size));
 }
 
-QPainterPath shapeOf(const QString& text, bool lit) {
+QPainterPath shapeOf(QChar sign, bool lit) {
   QPainterPath path;
   path.setFillRule(Qt::WindingFill);
-  qreal x = 0;
-  for (const QChar sign : text) {
-    if (sign == QLatin1Char(':')) {
-      if (lit) addColon(path, x);
-      x += kColonWidth + kSpacing;
-    } else {
-      addDigit(path, x, lit ? barsOf(sign) : static_cast<std::uint8_t>(~barsOf(sign)));
-      x += kDigitWidth + kSpacing;
-    }
-  }
+  if (sign != QLatin1Char(':'))
+    addDigit(path, 0, lit ? barsOf(sign) : static_cast<std::uint8_t>(~barsOf(sign)));
+  else if (lit)
+    addColon(path, 0);
   return path;
+}
+
+qreal advanceOf(QChar sign) {
+  return (sign == QLatin1Char(':') ? kColonWidth : kDigitWidth) + kSpacing;
+}
+
+/// What the signs of one display have in common.
+struct Face {
+  qreal scale;
+  QColor colour;
+  SegmentGlow glow;
+  qreal pixelRatio;
+};
+
+/// Room for the glow around a sign.
+constexpr int kMargin = 7;
+
+void paintSign(QPainter& painter, QChar sign, const Face& face) {
+  QTransform place;
+  place.translate(kMargin + kLean * face.scale, kMargin);
+  place.shear(-kLean, 0);
+  place.scale(face.scale, face.scale);
+  painter.setRenderHint(QPainter::Antialiasing);
+  const bool soft = face.glow == SegmentGlow::Soft;
+  QColor faint = face.colour;
+  faint.setAlphaF(soft ? 0.085F : 0.06F);
+  painter.fillPath(place.map(shapeOf(sign, false)), faint);
+  const QPainterPath bars = place.map(shapeOf(sign, true));
+  for (const int reach : {11, 7, 4}) {
+    if (!soft) break;
+    QColor light = face.colour;
+    light.setAlphaF(0.055F);
+    painter.strokePath(bars, QPen(light, reach, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+  }
+  painter.fillPath(bars, face.colour);
+}
+
+/// Each sign is drawn once for its size and colour: a clock that strokes its glow anew every second
+/// would cost more than the music.
+QPixmap pictureOf(QChar sign, const Face& face) {
+  const QString key = QStringLiteral("seven segments %1 %2 %3 %4 %5")
+                          .arg(sign)
+                          .arg(face.scale)
+                          .arg(face.colour.rgba())
+                          .arg(static_cast<int>(face.glow))
+                          .arg(face.pixelRatio);
+  QPixmap picture;
+  if (QPixmapCache::find(key, &picture)) return picture;
+  const QSizeF size((advanceOf(sign) + kLean) * face.scale + 2 * kMargin, face.scale + 2 * kMargin);
+  picture = QPixmap((size * face.pixelRatio).toSize() + QSize(1, 1));
+  picture.setDevicePixelRatio(face.pixelRatio);
+  picture.fill(Qt::transparent);
+  QPainter painter(&picture);
+  paintSign(painter, sign, face);
+  painter.end();
+  QPixmapCache::insert(key, picture);
+  return picture;
 }
 
 }  // namespace
@@ -92,25 +145,15 @@ void paintSevenSegments(QPainter& painter, const QRectF& room, const QString& te
                         const QColor& colour, SegmentGlow glow) {
   if (text.isEmpty() || room.isEmpty()) return;
   const qreal scale = std::min(room.height(), room.width() / widthOf(text));
-  QTransform place;
-  place.translate(room.left() + kLean * scale, room.center().y() - scale / 2);
-  place.shear(-kLean, 0);
-  place.scale(scale, scale);
-  painter.save();
-  painter.setRenderHint(QPainter::Antialiasing);
-  QColor faint = colour;
-  faint.setAlphaF(glow == SegmentGlow::Soft ? 0.085F : 0.06F);
-  painter.fillPath(place.map(shapeOf(text, false)), faint);
-  const QPainterPath bars = place.map(shapeOf(text, true));
-  if (glow == SegmentGlow::Soft) {
-    for (const int reach : {11, 7, 4}) {
-      QColor light = colour;
-      light.setAlphaF(0.055F);
-      painter.strokePath(bars, QPen(light, reach, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
-    }
+  const qreal ratio = painter.device()->devicePixelRatioF();
+  const auto onPixel = [ratio](qreal value) { return std::round(value * ratio) / ratio; };
+  const qreal top = onPixel(room.center().y() - scale / 2) - kMargin;
+  qreal x = room.left();
+  for (const QChar sign : text) {
+    painter.drawPixmap(QPointF(onPixel(x) - kMargin, top),
+                       pictureOf(sign, {scale, colour, glow, ratio}));
+    x += advanceOf(sign) * scale;
   }
-  painter.fillPath(bars, colour);
-  painter.restore();
 }
 
 }  // namespace nerolith::widgets

@@ -76,6 +76,17 @@ void paintPanel(QPainter& painter, const QRectF& area, qreal height) {
   painter.fillRect(area, panel);
 }
 
+QLinearGradient recessFill(const QRectF& area, const QColor& top, const QColor& bottom) {
+  QLinearGradient fill(area.left(), area.top(), area.left(), area.bottom() - 1);
+  fill.setColorAt(0, top);
+  fill.setColorAt(1, bottom);
+  return fill;
+}
+
+QRectF insideRecess(const QRectF& area) {
+  return area.adjusted(kRound, kRound, -kRound, -kRound - 1);
+}
+
 void paintRecess(QPainter& painter, const QRectF& area, const QColor& top, const QColor& bottom) {
   painter.save();
   painter.setRenderHint(QPainter::Antialiasing);
@@ -83,10 +94,7 @@ void paintRecess(QPainter& painter, const QRectF& area, const QColor& top, const
   painter.setBrush(QColor(255, 255, 255, 22));  // the lower rim catches the light
   painter.drawRoundedRect(area, kRound, kRound);
   const QRectF inside = area.adjusted(0, 0, 0, -1);
-  QLinearGradient fill(inside.topLeft(), inside.bottomLeft());
-  fill.setColorAt(0, top);
-  fill.setColorAt(1, bottom);
-  painter.setBrush(fill);
+  painter.setBrush(recessFill(area, top, bottom));
   painter.drawRoundedRect(inside, kRound, kRound);
   painter.setBrush(Qt::NoBrush);
   for (int depth = 0; depth < 3; ++depth) {

@@ -52,6 +52,10 @@ void paintPanel(QPainter& painter, const QRectF& area, qreal height);
 /// A recess in the faceplate with a shadow at its upper rim.
 void paintRecess(QPainter& painter, const QRectF& area, const QColor& top, const QColor& bottom);
 
+/// What of a recess is nothing but its fill, and that fill: all there is to paint of a piece of it.
+QRectF insideRecess(const QRectF& area);
+QLinearGradient recessFill(const QRectF& area, const QColor& top, const QColor& bottom);
+
 /// A raised key. `tint` colours it softly; an invalid one does not.
 enum class KeyState { Idle, Hovered, Pressed, Disabled };
 void paintKey(QPainter& painter, const QRectF& area, KeyState state, const QColor& tint);
