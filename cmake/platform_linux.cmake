@@ -1,9 +1,9 @@
 # The Linux backends: sound, system and windows, and the program that joins them.
 
 find_package(PkgConfig REQUIRED)
-pkg_check_modules(NEROLITH_SOUND REQUIRED IMPORTED_TARGET
+pkg_check_modules(NEROLITH_SOUND REQUIRED IMPORTED_TARGET GLOBAL
                   libavformat libavcodec libswresample libavutil libpulse fluidsynth)
-pkg_check_modules(NEROLITH_GLIB REQUIRED IMPORTED_TARGET glib-2.0)
+pkg_check_modules(NEROLITH_GLIB REQUIRED IMPORTED_TARGET GLOBAL glib-2.0)
 
 nerolith_sources(sound_sources platform/linux/sound)
 list(FILTER sound_sources EXCLUDE REGEX "/module\\.cpp$")
