@@ -49,6 +49,18 @@ TEST(PlaybackTimer, TheNextSongStartsTheMixLeadBeforeTheEnd) {
   EXPECT_EQ(rig.currentSong(), "b.mp3");
 }
 
+TEST(PlaybackTimer, AnOutputThatDelaysItsSoundIsAllowedFor) {
+  PlayerRig rig;
+  rig.fillEqual(3, 60);
+  rig.autoNext();
+  rig.start(0);
+  rig.machine.decks.setStartDelay(0.25);
+  rig.ticks(497);
+  EXPECT_EQ(rig.currentSong(), "a.mp3");
+  rig.ticks(1);
+  EXPECT_EQ(rig.currentSong(), "b.mp3");
+}
+
 TEST(PlaybackTimer, TheOldSongIsGoneWellBeforeItsEnd) {
   PlayerRig rig;
   rig.fillEqual(3, 60);

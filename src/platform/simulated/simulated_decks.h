@@ -31,7 +31,11 @@ class SimulatedDecks : public FilterGraphFactory {
   std::unique_ptr<FilterGraph> createFilterGraph() override;
   std::string soundTrouble() const override { return trouble_; }
 
+  double startDelay() const override { return startDelay_; }
+
   void setSoundTrouble(std::string text) { trouble_ = std::move(text); }
+  /// Told to the player only: positions and what is audible do not follow it.
+  void setStartDelay(double seconds) { startDelay_ = seconds; }
 
   /// The live graph of that name; none: null.
   const SimulatedGraph* graph(char letter) const;
@@ -50,6 +54,7 @@ class SimulatedDecks : public FilterGraphFactory {
   Doorway& doorway_;
   std::vector<SimulatedGraph*> graphs_;  // in order of creation
   std::string trouble_;
+  double startDelay_ = 0;
 };
 
 /// Beyond what `FilterGraph` says: a graph holds one file for its life, a second `renderFile`
