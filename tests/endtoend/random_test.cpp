@@ -15,7 +15,7 @@ std::vector<std::string> twentyNames() {
 
 Outcome twentySongs() {
   Stage stage;
-  stage.prepare(twentyNames(), 3);
+  stage.prepare(twentyNames(), 2.5);
   stage.open({.mode = 3, .mixLead = 1, .fadeLength = 0.5});
   if (!stage.recording->waitForSilence(2.0, 70)) return stage.outcome({"it never stops"});
   const Sound sound = stage.recording->sound();

@@ -37,7 +37,7 @@ TEST(Single, StopsAtTheEndOfTheSong) { measure(singleEnds); }
 Outcome singleLoops() {
   Stage stage;
   openClimb(stage, 4, {.loop = true});
-  pauseFor(13.5);
+  pauseFor(9.5);
   const Sound sound = stage.recording->sound();
   Complaints complaints = clicksOf(sound);
   std::vector<std::string> figures;
