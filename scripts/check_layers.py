@@ -46,7 +46,8 @@ HOMES = (
     (r"(glib|gio|gobject)(/.*)?\.h|glib(-unix|/gstdio)?\.h", ("platform/linux/system",),
      ("linux_system",)),
     (r"(windows|windowsx|dshow|dsound|shellapi|shlobj|commctrl|commdlg|mmsystem|ole2|olectl|"
-     r"objbase|uuids|control|strmif|winreg|winuser)\.h", ("platform/windows",), ("windows",)),
+     r"objbase|oleauto|wincodec|uuids|control|strmif|winreg|winuser)\.h", ("platform/windows",),
+     ("windows_system", "windows_forms")),
     (r"(unistd|fcntl|dlfcn|dirent|poll|pthread|signal|spawn|mntent|fnmatch|glob|langinfo|iconv|"
      r"pwd|utime|locale)\.h|(sys|linux|netinet|arpa)/.*\.h", ("platform/linux",),
      ("linux_sound", "linux_system", "linux_widgets", "endtoend")),

@@ -11,6 +11,10 @@ shift
 mkdir -p "$prefix"
 export WINEPREFIX="$prefix/prefix" WINEDEBUG=-all
 export WINEDLLOVERRIDES="mscoree,mshtml=;winedbg.exe=d"
+# Where wine_desktop.sh has put up a screen and a sound server for this prefix.
+if [ -f "$prefix/desktop" ]; then
+    . "$prefix/desktop"
+fi
 export XDG_RUNTIME_DIR="${XDG_RUNTIME_DIR:-$prefix}"
 
 (
