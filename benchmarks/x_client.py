@@ -7,7 +7,7 @@ import socket
 import struct
 import time
 
-CREATE_NOTIFY, MAP_NOTIFY = 16, 19
+MAP_NOTIFY = 19
 BUTTON_PRESS, BUTTON_RELEASE, MOTION_NOTIFY = 4, 5, 6
 SUBSTRUCTURE_NOTIFY = 1 << 19
 EVENT_MASK_VALUE = 1 << 11
@@ -61,6 +61,11 @@ class XClient:
         self._request(2, 0, struct.pack("<III", self.root, EVENT_MASK_VALUE, SUBSTRUCTURE_NOTIFY))
         self.sync()
 
+    def forget(self):
+        """Drops what was told so far."""
+        self.sync()
+        self._waiting.clear()
+
     def sync(self):
         self._request(43, 0)  # GetInputFocus: answered when all before it is done
         self._reply()
@@ -91,10 +96,6 @@ class XClient:
                     return now, window
             except OSError:
                 continue  # gone again
-
-    def set_input_focus(self, window):
-        self._request(42, 0, struct.pack("<II", window, 0))
-        self.sync()
 
     def _extension(self, name):
         self._request(98, 0, struct.pack("<Hxx", len(name)) + name)

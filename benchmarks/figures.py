@@ -1,0 +1,233 @@
+"""The figures. Each takes the report and what was built, and measures on a desktop of its own."""
+
+import contextlib
+import json
+import os
+import shutil
+import statistics
+import subprocess
+import time
+
+from desktop import Desktop
+from sound import CardWatch, make_song, stream_latency
+from x_client import XClient
+
+
+class Built:
+    """Where the programs are."""
+
+    def __init__(self, build, binaries):
+        self.player = os.path.abspath(os.path.join(binaries, "velmarion"))
+        self.rules = os.path.abspath(os.path.join(build, "benchmarks", "nerolith_bench"))
+        self.lists = os.path.abspath(os.path.join(build, "benchmarks", "nerolith_lists"))
+        self.steady = os.path.abspath(os.path.join(build, "benchmarks", "nerolith_steady_play"))
+
+
+def median(values):
+    return statistics.median(values)
+
+
+def _one_start(desktop, screen, words):
+    """(milliseconds to the mapped window, processor milliseconds until then)."""
+    screen.forget()
+    program = desktop.start(words)
+    mapped = screen.wait_for_window()
+    spent = program.cpu_seconds()
+    time.sleep(0.3)
+    program.end()
+    time.sleep(0.1)
+    if mapped is None:
+        raise RuntimeError(f"{words[0]} shows no window")
+    return (mapped[0] - program.started) * 1000, spent * 1000
+
+
+def start(report, built, rounds=15):
+    """Start to mapped window, in turn with the peers; the first round only warms up."""
+    programs = {"player": [built.player]}
+    if shutil.which("audacious"):
+        programs["audacious -G"] = ["audacious", "-G"]
+        programs["audacious -Q"] = ["audacious", "-Q"]
+    taken = {name: [] for name in programs}
+    with Desktop() as desktop:
+        desktop.write_settings(mode=1, folder=desktop.environment["HOME"])
+        with contextlib.closing(XClient(desktop.environment["DISPLAY"])) as screen:
+            screen.watch_root()
+            for turn in range(rounds + 1):
+                for name, words in programs.items():
+                    once = _one_start(desktop, screen, words)
+                    if turn:
+                        taken[name].append(once)
+    for name, values in taken.items():
+        wall, spent = zip(*values)
+        report.figure(f"start to window, {name}", median(wall), "ms", None,
+                      f"best {min(wall):.1f}, processor {median(spent):.1f}")
+    if len(programs) == 1:
+        report.unmeasured("start, player / audacious -G", "audacious is missing (--peers)")
+        return
+    ratio = median([a[0] / b[0] for a, b in zip(taken["player"], taken["audacious -G"])])
+    report.figure("start, player / audacious -G", ratio, "x", 1.0)
+
+
+def _cost(program, seconds):
+    """Processor milliseconds for each second."""
+    spent, began = program.cpu_seconds(), time.monotonic()
+    time.sleep(seconds)
+    return (program.cpu_seconds() - spent) / (time.monotonic() - began) * 1000
+
+
+def _run(desktop, words, settle, seconds):
+    """(cost, share of memory, private memory) of a program that has settled."""
+    program = desktop.start(words)
+    try:
+        time.sleep(settle)
+        cost = _cost(program, seconds)
+        return (cost, *program.memory_megabytes())
+    finally:
+        program.end()
+
+
+def play(report, built, rounds=3, seconds=10):
+    """What a second of music costs, one song and two in the mix; memory; and doing nothing."""
+    with Desktop() as desktop:
+        manager = desktop.start(["openbox"])
+        folder = os.path.join(desktop.folder, "music")
+        os.mkdir(folder)
+        song = make_song(os.path.join(folder, "a.mp3"), 60)
+        shutil.copy(song, os.path.join(folder, "b.mp3"))
+        one, two, peer, idle = [], [], [], []
+        for _ in range(rounds):
+            desktop.write_settings(folder=folder)
+            one.append(_run(desktop, [built.player, f"{song},1"], 3, seconds))
+            if shutil.which("mpg123"):
+                peer.append(_run(desktop, ["mpg123", "-q", "-o", "pulse", song], 2, seconds))
+            # Mixes from 4 s on, for longer than is measured here.
+            desktop.write_settings(lead=56, length=50, folder=folder)
+            two.append(_run(desktop, [built.player, f"{song},2"], 6, seconds))
+            desktop.write_settings(mode=1, folder=folder)
+            idle.append(_run(desktop, [built.player], 3, seconds))
+        manager.end()
+    _tell_costs(report, one, two, peer, idle)
+
+
+def _tell_costs(report, one, two, peer, idle):
+    costs = {name: median([run[0] for run in runs])
+             for name, runs in (("one", one), ("two", two), ("idle", idle))}
+    report.figure("one song, processor for a second", costs["one"], "ms")
+    report.figure("two songs in the mix, the same", costs["two"], "ms")
+    if peer:
+        base = median([run[0] for run in peer])
+        report.figure("mpg123 -o pulse, the same", base, "ms")
+        report.figure("one song, player / mpg123", costs["one"] / base, "x", 1.5)
+        report.figure("two songs, player / mpg123", costs["two"] / base, "x", 2.0)
+    else:
+        report.unmeasured("player / mpg123", "mpg123 is missing (--peers)")
+    report.figure("nothing playing, share of a core", costs["idle"] / 10, "%", 0.3)
+    report.figure("memory while playing (PSS)", median([run[1] for run in one]), "MB", 30,
+                  f"private {median([run[2] for run in one]):.1f}")
+    report.figure("memory while two mix (PSS)", median([run[1] for run in two]), "MB", None,
+                  f"private {median([run[2] for run in two]):.1f}")
+
+
+LIST_X, FIRST_ROW_Y, ROW = 200, 320, 23
+STOP_X, STOP_Y = 475, 238
+
+
+def click(report, built, rounds=10):
+    """Double click to the first sound, less what a stream like the player's takes by itself."""
+    with Desktop() as desktop:
+        folder = os.path.join(desktop.folder, "music")
+        os.mkdir(folder)
+        for name in ("a.wav", "b.mp3", "c.wav"):
+            make_song(os.path.join(folder, name), 20, name[-3:])
+        desktop.write_settings(mode=1, folder=folder)
+        watch = CardWatch(desktop)
+        with contextlib.closing(XClient(desktop.environment["DISPLAY"])) as screen:
+            screen.watch_root()
+            player = desktop.start([built.player])
+            corner = screen.size_of(screen.wait_for_window()[1])[:2]
+            time.sleep(1.5)
+            clicks, streams = [], []
+            for turn in range(rounds):
+                clicks.append(_one_click(screen, watch, corner, turn % 3))
+                streams.append(stream_latency(desktop, watch))
+            player.end()
+        watch.close()
+    heard = [value for value in clicks if value is not None]
+    if len(heard) < rounds or None in streams:
+        raise RuntimeError(f"only {len(heard)} of {rounds} double clicks were heard")
+    _tell_clicks(report, clicks, streams)
+
+
+def _one_click(screen, watch, corner, row):
+    watch.wait_for_silence()
+    watch.arm()
+    screen.move_pointer(corner[0] + LIST_X, corner[1] + FIRST_ROW_Y + ROW * row)
+    pressed = screen.click(times=2)
+    heard = watch.first_sound()
+    screen.move_pointer(corner[0] + STOP_X, corner[1] + STOP_Y)
+    time.sleep(0.6)
+    screen.click()
+    return None if heard is None else heard - pressed
+
+
+def _tell_clicks(report, clicks, streams):
+    stream = median(streams) * 1000
+    later = median(clicks[1:]) * 1000
+    report.figure("a stream's own latency", stream, "ms")
+    report.figure("double click to sound, first of a run", clicks[0] * 1000, "ms")
+    report.figure("double click to sound", later, "ms", None,
+                  f"worst {max(clicks[1:]) * 1000:.0f}")
+    report.figure("double click to sound, less the stream's own", later - stream, "ms", 60)
+    report.figure("first of a run, less the stream's own", clicks[0] * 1000 - stream, "ms", 60)
+
+
+LIST_LIMITS = {"folder_10000": 60, "folder_50000": 300, "entries_100000": 60,
+               "select_all_100000": 5, "deselect_all_100000": 5, "tick_100000": 5}
+
+
+def lists(report, built):
+    """Long folders and lists in the real window."""
+    with Desktop() as desktop:
+        scratch = os.path.join(desktop.folder, "lists")
+        os.mkdir(scratch)
+        done = subprocess.run([built.lists, scratch], env=desktop.environment, check=True,
+                              capture_output=True, text=True)
+    for line in done.stdout.splitlines():
+        name, best, middle = line.split()
+        report.figure(name.replace("_", " "), float(middle), "ms", LIST_LIMITS.get(name),
+                      f"best {float(best):.2f}")
+
+
+RULE_LIMITS = {"randomDrawOfTheOnlyUnplayed": ("random draw, one of 10,001 unplayed", 1),
+               "dayOfRandomOverTenThousandSongs": ("a day of Random over 10,000 songs", 10000),
+               "tickWithHundredThousandEntries": ("tick with 100,000 entries, rules only", 5)}
+
+
+def rules(report, built):
+    """What the rules cost on a machine in memory."""
+    done = subprocess.run([built.rules, "--benchmark_format=json"], check=True,
+                          capture_output=True, text=True)
+    for run in json.loads(done.stdout)["benchmarks"]:
+        name, limit = RULE_LIMITS[run["name"].split("/")[0]]
+        if run.get("error_occurred"):
+            raise RuntimeError(f"{name}: {run['error_message']}")
+        factor = {"ns": 1e-6, "us": 1e-3, "ms": 1}[run["time_unit"]]
+        report.figure(name, run["real_time"] * factor, "ms", limit)
+
+
+BUSY = "while True: pass"
+
+
+def steady(report, built, seconds=60):
+    """Two decks at once while as many programs as there are cores want all of the processor."""
+    with Desktop() as desktop:
+        songs = [make_song(os.path.join(desktop.folder, name), 30) for name in ("a.mp3", "b.mp3")]
+        load = [desktop.start(["python3", "-c", BUSY]) for _ in range(os.cpu_count())]
+        done = subprocess.run([built.steady, str(seconds), *songs], env=desktop.environment,
+                              check=True, capture_output=True, text=True)
+        for program in load:
+            program.end()
+    words = done.stdout.split()
+    counts = dict(zip(words[::2], map(int, words[1::2])))
+    report.figure(f"under-runs in {seconds} s, all cores busy", counts["underruns"], "", 0)
+    report.figure("late decoders in that time", counts["starvations"], "", 0)

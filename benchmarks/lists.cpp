@@ -1,0 +1,147 @@
+// How long long lists take in the real window: real widgets, real files, no screen needed. Prints
+// one line for each figure: its name and the milliseconds, best and median of several tries.
+
+#include <QApplication>
+#include <QListView>
+#include <algorithm>
+#include <chrono>
+#include <cstdio>
+#include <filesystem>
+#include <fstream>
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "app/absent_neighbours.h"
+#include "app/program.h"
+#include "platform/linux/system/posix_file_system.h"
+#include "platform/linux/widgets/form_window.h"
+#include "platform/linux/widgets/qt_application.h"
+#include "platform/linux/widgets/qt_window_host.h"
+#include "platform/simulated/simulated_machine.h"
+
+namespace {
+
+using namespace nerolith;
+namespace fs = std::filesystem;
+
+constexpr int kTries = 7;
+
+/// The real window and the real disk; decks, clock and settings are not what is measured.
+struct Window {
+  Window() : program(doors(), {playlists, selection, icon}, recording) {
+    simulated.recordTrace(false);
+    program.start(",1");
+    simulated.advance(std::chrono::seconds(1));
+    paint();
+  }
+  platform::Machine doors() {
+    platform::Machine mixed = simulated.doors();
+    return {mixed.graphs,   files,       mixed.settings, mixed.dialogs,
+            mixed.pictures, mixed.clock, mixed.events,   windows};
+  }
+  void paint() {
+    QApplication::processEvents();
+    windows.windowOf(program.mainForm().form)->repaint();
+    QApplication::processEvents();
+  }
+
+  platform::simulated::SimulatedMachine simulated{'/'};
+  system::PosixFileSystem files;
+  widgets::QtWindowHost windows;
+  app::NoPlaylists playlists;
+  app::NoSelectionActions selection;
+  app::NoNotificationIcon icon;
+  player::NoRecording recording;
+  app::Program program;
+};
+
+void measure(const char* name, const std::function<void()>& before,
+             const std::function<void()>& act) {
+  std::vector<double> taken;
+  for (int i = 0; i < kTries; ++i) {
+    before();
+    const auto start = std::chrono::steady_clock::now();
+    act();
+    taken.push_back(
+        std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now() - start)
+            .count());
+  }
+  std::sort(taken.begin(), taken.end());
+  std::printf("%s %.3f %.3f\n", name, taken.front(), taken[taken.size() / 2]);
+}
+
+void require(bool holds, const char* what) {
+  if (holds) return;
+  std::fprintf(stderr, "lists: %s\n", what);
+  std::exit(1);
+}
+
+void makeFiles(const fs::path& folder, int count) {
+  fs::create_directories(folder);
+  for (int i = 0; i < count; ++i)
+    std::ofstream(folder / ("A song of some length, number " + std::to_string(i) + ".mp3"));
+}
+
+void measureFolder(Window& window, const fs::path& scratch, int count, const char* name) {
+  const fs::path full = scratch / std::to_string(count);
+  makeFiles(full, count);
+  forms::MainForm& form = window.program.mainForm();
+  const auto open = [&](const fs::path& folder) {
+    form.Dir1.userOpen(folder.string());
+    form.Dir1.userClick();
+    window.paint();
+  };
+  measure(
+      name, [&] { open(scratch); }, [&] { open(full); });
+  require(form.List1.count() == count, "the folder was not listed");
+}
+
+void measureList(Window& window) {
+  forms::MainForm& form = window.program.mainForm();
+  std::vector<std::string> entries;
+  measure(
+      "entries_100000",
+      [&] {
+        form.List1.clear();
+        window.paint();
+        entries.clear();
+        for (int i = 0; i < 100000; ++i)
+          entries.push_back("A song of some length, number " + std::to_string(i) + ".mp3");
+      },
+      [&] {
+        window.program.songs().refill(std::move(entries));
+        window.paint();
+      });
+  require(form.List1.count() == 100000, "the list was not filled");
+  const auto select = [&] {
+    form.List1.selectAll();
+    window.paint();
+  };
+  const auto deselect = [&] {
+    form.List1.deselectAll();
+    window.paint();
+  };
+  measure("select_all_100000", deselect, select);
+  require(form.List1.selectedCount() == 100000, "not all was selected");
+  measure("deselect_all_100000", select, deselect);
+  measure(
+      "paint_only", [] {}, [&] { window.paint(); });
+  measure("tick_100000", select, [&] { form.Timer1.tick.raise(); });
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  if (argc != 2) {
+    std::fputs("lists SCRATCH_FOLDER\n", stderr);
+    return 2;
+  }
+  if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
+  widgets::QtApplication application(argc, argv);
+  Window window;
+  const fs::path scratch = fs::absolute(argv[1]);
+  measureFolder(window, scratch, 10000, "folder_10000");
+  measureFolder(window, scratch, 50000, "folder_50000");
+  measureList(window);
+}
