@@ -7,11 +7,9 @@
 namespace nerolith::endtoend {
 namespace {
 
-constexpr int kBroken = 30;
-
-// Thirty broken songs, and behind them one that plays.
-void openBrokenFolder(Stage& stage) {
-  for (int i = 10; i < 10 + kBroken; ++i)
+// Broken songs, and behind them one that plays.
+void openBrokenFolder(Stage& stage, int broken) {
+  for (int i = 10; i < 10 + broken; ++i)
     std::ofstream(stage.desktop.music() / (std::to_string(i) + ".mp3")) << "no song\n";
   stage.prepare({"99 whole.wav"}, 3);
   stage.open({.mode = 2, .mixLead = 1, .fadeLength = 0.5});
@@ -19,7 +17,7 @@ void openBrokenFolder(Stage& stage) {
 
 TEST(BrokenFiles, OneMessageForAFolderOfThemAndThePlayerStaysUsable) {
   Stage stage;
-  openBrokenFolder(stage);
+  openBrokenFolder(stage, 30);
   const auto twoWindows = [&] { return stage.player->countTitles(".") > 1; };
   for (int i = 0; i < 100 && !twoWindows(); ++i) pauseFor(0.05);
   ASSERT_TRUE(twoWindows()) << "no message";
@@ -37,6 +35,13 @@ TEST(BrokenFiles, OneMessageForAFolderOfThemAndThePlayerStaysUsable) {
   EXPECT_TRUE(stage.recording->waitForTone(stage.songs[0].hertz, 3))
       << "nothing can be played afterwards";
   EXPECT_EQ(stage.close(), 0);
+}
+
+TEST(BrokenFiles, TwentyFourInARowAreSkippedWithoutAWord) {
+  Stage stage;
+  openBrokenFolder(stage, 24);
+  EXPECT_TRUE(stage.recording->waitForTone(stage.songs[0].hertz, 5));
+  EXPECT_EQ(stage.player->countTitles("."), 1);
 }
 
 TEST(BrokenFiles, OddNamesArePlayed) {
