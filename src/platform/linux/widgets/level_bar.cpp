@@ -13,11 +13,20 @@ LevelBar::LevelBar(controls::ProgressBar& bar, QWidget* parent) : QProgressBar(p
   setRange(0, 100);
   setTextVisible(false);
   setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
-  new ControlBinding(*this, bar, [this] {
-    setValue(static_cast<int>(std::lround(std::clamp(bar_.value(), 0.0F, 100.0F))));
-    update();
-  });
+  new ControlBinding(*this, bar, [this] { refresh(); });
 }
+
+/// A fade moves the level ten times a second, but seldom by so much that it can be seen.
+void LevelBar::refresh() {
+  const int lit = static_cast<int>(std::lround(share() * width() * devicePixelRatioF()));
+  const bool amber = share() < 0.5;
+  if (lit != lit_ || amber != amber_) update();
+  lit_ = lit;
+  amber_ = amber;
+  setValue(static_cast<int>(std::lround(100 * share())));
+}
+
+qreal LevelBar::share() const { return std::clamp<qreal>(bar_.value(), 0, 100) / 100; }
 
 void LevelBar::paintEvent(QPaintEvent*) {
   QPainter painter(this);
@@ -26,10 +35,9 @@ void LevelBar::paintEvent(QPaintEvent*) {
   const qreal round = height() / 2.0;
   painter.setBrush(QColor(0x22, 0x30, 0x2c));
   painter.drawRoundedRect(QRectF(rect()), round, round);
-  const float share = std::clamp(bar_.value(), 0.0F, 100.0F) / 100.0F;
-  if (share <= 0) return;
-  painter.setClipRect(QRectF(0, 0, width() * static_cast<qreal>(share), height()));
-  painter.setBrush(share < 0.5F ? theme::kAmber : theme::kAccent);
+  if (share() <= 0) return;
+  painter.setClipRect(QRectF(0, 0, width() * share(), height()));
+  painter.setBrush(share() < 0.5 ? theme::kAmber : theme::kAccent);
   painter.drawRoundedRect(QRectF(rect()), round, round);
 }
 

@@ -18,7 +18,14 @@ class LevelBar : public QProgressBar {
   void paintEvent(QPaintEvent* event) override;
 
  private:
+  void refresh();
+  /// How much of it is filled, 0..1.
+  qreal share() const;
+
   controls::ProgressBar& bar_;
+  // As it is on the screen: device pixels filled, and in which colour.
+  int lit_ = -1;
+  bool amber_ = false;
 };
 
 }  // namespace nerolith::widgets
