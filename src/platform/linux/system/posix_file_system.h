@@ -5,8 +5,8 @@
 #include <string>
 #include <vector>
 
+#include "base/patient_caller.h"
 #include "platform/file_system.h"
-#include "platform/linux/system/patient_caller.h"
 
 namespace nerolith::system {
 
@@ -42,7 +42,7 @@ class PosixFileSystem : public platform::FileSystem {
   void deleteFile(const std::string& path) override;
 
  private:
-  mutable PatientCaller disk_;
+  mutable base::PatientCaller disk_;
   std::map<std::string, std::string> currentFolders_;  // by drive root
 };
 

@@ -1,12 +1,12 @@
-#include "platform/linux/system/patient_caller.h"
+#include "base/patient_caller.h"
 
 #include <gtest/gtest.h>
 
 #include <future>
 
-#include "platform/failure.h"
+#include "base/failure.h"
 
-namespace nerolith::system {
+namespace nerolith::base {
 namespace {
 
 using namespace std::chrono_literals;
@@ -14,8 +14,7 @@ using namespace std::chrono_literals;
 TEST(PatientCaller, BringsTheResultOrTheFailure) {
   PatientCaller caller;
   EXPECT_EQ(caller.wait("x", [] { return 42; }), 42);
-  EXPECT_THROW(caller.wait("x", []() -> int { throw platform::Failure("no", 7); }),
-               platform::Failure);
+  EXPECT_THROW(caller.wait("x", []() -> int { throw Failure("no", 7); }), Failure);
   EXPECT_EQ(caller.wait("x", [] { return std::string("again"); }), "again");
 }
 
@@ -30,7 +29,7 @@ TEST(PatientCaller, LeavesACallBehindThatDoesNotComeBackAndGoesOn) {
       finished->set_value();
     });
     FAIL() << "no failure";
-  } catch (const platform::Failure& failure) {
+  } catch (const Failure& failure) {
     EXPECT_STREQ(failure.what(), "/mnt/nas: the disk or network share does not answer");
     EXPECT_EQ(failure.code(), ETIMEDOUT);
   }
@@ -44,10 +43,10 @@ TEST(PatientCaller, AnswersTheNextCallWhileTheLastIsStillOut) {
   PatientCaller caller(500ms);
   std::promise<void> answer;
   const auto answered = std::make_shared<std::shared_future<void>>(answer.get_future());
-  EXPECT_THROW(caller.wait("/mnt/nas", [answered] { answered->wait(); }), platform::Failure);
+  EXPECT_THROW(caller.wait("/mnt/nas", [answered] { answered->wait(); }), Failure);
   EXPECT_EQ(caller.wait("/home", [] { return 1; }), 1);
   answer.set_value();
 }
 
 }  // namespace
-}  // namespace nerolith::system
+}  // namespace nerolith::base

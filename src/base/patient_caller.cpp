@@ -1,12 +1,12 @@
-#include "platform/linux/system/patient_caller.h"
+#include "base/patient_caller.h"
 
 #include <cerrno>
 #include <condition_variable>
 #include <mutex>
 
-#include "platform/failure.h"
+#include "base/failure.h"
 
-namespace nerolith::system {
+namespace nerolith::base {
 
 /// Where the two threads meet; lives as long as the longer of them.
 struct PatientCaller::Desk {
@@ -54,7 +54,7 @@ void PatientCaller::giveUp(const std::string& what) {
   desk_->close();
   desk_.reset();
   thread_.detach();
-  throw platform::Failure(what + ": the disk or network share does not answer", ETIMEDOUT);
+  throw Failure(what + ": the disk or network share does not answer", ETIMEDOUT);
 }
 
-}  // namespace nerolith::system
+}  // namespace nerolith::base

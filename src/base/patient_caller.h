@@ -9,7 +9,7 @@
 #include <thread>
 #include <utility>
 
-namespace nerolith::system {
+namespace nerolith::base {
 
 /// Runs calls on a thread of its own, one at a time, and waits for each. A call that does not come
 /// back in time is left behind with its thread, which ends by itself when the system lets it go.
@@ -44,4 +44,4 @@ class PatientCaller {
   std::thread thread_;
 };
 
-}  // namespace nerolith::system
+}  // namespace nerolith::base
