@@ -2,13 +2,16 @@
 
 find_package(PkgConfig REQUIRED)
 pkg_check_modules(NEROLITH_SOUND REQUIRED IMPORTED_TARGET GLOBAL
-                  libavformat libavcodec libswresample libavutil libpulse fluidsynth)
+                  libavformat libavcodec libswresample libavutil libpulse)
+# Of FluidSynth only the header: the library is loaded when the first MIDI file is played.
+pkg_check_modules(NEROLITH_FLUIDSYNTH REQUIRED fluidsynth)
 pkg_check_modules(NEROLITH_GLIB REQUIRED IMPORTED_TARGET GLOBAL glib-2.0)
 
 nerolith_sources(sound_sources platform/linux/sound)
 list(FILTER sound_sources EXCLUDE REGEX "/module\\.cpp$")
 nerolith_layer(nerolith_linux_sound SOURCES ${sound_sources}
-               USES nerolith_core PkgConfig::NEROLITH_SOUND)
+               USES nerolith_core PkgConfig::NEROLITH_SOUND ${CMAKE_DL_LIBS})
+target_include_directories(nerolith_linux_sound PRIVATE ${NEROLITH_FLUIDSYNTH_INCLUDE_DIRS})
 
 nerolith_sources(system_sources platform/linux/system)
 nerolith_layer(nerolith_linux_system SOURCES ${system_sources}

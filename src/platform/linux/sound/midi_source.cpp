@@ -1,6 +1,5 @@
 #include "platform/linux/sound/midi_source.h"
 
-#include <fluidsynth.h>
 #include <unistd.h>
 
 #include <algorithm>
@@ -8,6 +7,7 @@
 #include <vector>
 
 #include "platform/failure.h"
+#include "platform/linux/sound/fluid_library.h"
 
 namespace nerolith::sound {
 namespace {
@@ -47,24 +47,25 @@ void keepSilent(int, const char*, void*) {}
 }  // namespace
 
 struct MidiSource::Synth {
+  FluidLibrary fluid;
   fluid_settings_t* settings = nullptr;
   fluid_synth_t* synth = nullptr;
 
   explicit Synth(const std::string& soundFont) {
     for (int level = 0; level < LAST_LOG_LEVEL; ++level) {
-      fluid_set_log_function(level, &keepSilent, nullptr);
+      fluid.set_log_function(level, &keepSilent, nullptr);
     }
-    settings = new_fluid_settings();
-    fluid_settings_setnum(settings, "synth.sample-rate", kSampleRate);
-    fluid_settings_setnum(settings, "synth.gain", 0.5);
+    settings = fluid.new_settings();
+    fluid.settings_setnum(settings, "synth.sample-rate", kSampleRate);
+    fluid.settings_setnum(settings, "synth.gain", 0.5);
     // Only the instruments that a song uses are kept in memory.
-    fluid_settings_setint(settings, "synth.dynamic-sample-loading", 1);
-    synth = new_fluid_synth(settings);
-    loaded = synth != nullptr && fluid_synth_sfload(synth, soundFont.c_str(), 1) >= 0;
+    fluid.settings_setint(settings, "synth.dynamic-sample-loading", 1);
+    synth = fluid.new_synth(settings);
+    loaded = synth != nullptr && fluid.sfload(synth, soundFont.c_str(), 1) >= 0;
   }
   ~Synth() {
-    delete_fluid_synth(synth);
-    delete_fluid_settings(settings);
+    fluid.delete_synth(synth);
+    fluid.delete_settings(settings);
   }
   Synth(const Synth&) = delete;
   Synth& operator=(const Synth&) = delete;
@@ -106,8 +107,8 @@ std::size_t MidiSource::read(std::span<Frame> out) {
 }
 
 void MidiSource::render(std::span<Frame> out) {
-  fluid_synth_write_float(synth_->synth, static_cast<int>(out.size()), out.data(), 0, 2, out.data(),
-                          1, 2);
+  synth_->fluid.write_float(synth_->synth, static_cast<int>(out.size()), out.data(), 0, 2,
+                            out.data(), 1, 2);
   for (Frame& frame : out) {
     const std::int64_t left = score_.frames - position_++;
     if (left >= kEndFadeFrames) continue;
@@ -118,35 +119,36 @@ void MidiSource::render(std::span<Frame> out) {
 }
 
 void MidiSource::send(const MidiEvent& event) {
+  const FluidLibrary& fluid = synth_->fluid;
   fluid_synth_t* synth = synth_->synth;
   const int channel = event.status & 0x0F;
   switch (event.status & 0xF0) {
     case 0x80:
-      fluid_synth_noteoff(synth, channel, event.first);
+      fluid.noteoff(synth, channel, event.first);
       break;
     case 0x90:
-      fluid_synth_noteon(synth, channel, event.first, event.second);
+      fluid.noteon(synth, channel, event.first, event.second);
       break;
     case 0xA0:
-      fluid_synth_key_pressure(synth, channel, event.first, event.second);
+      fluid.key_pressure(synth, channel, event.first, event.second);
       break;
     case 0xB0:
-      fluid_synth_cc(synth, channel, event.first, event.second);
+      fluid.cc(synth, channel, event.first, event.second);
       break;
     case 0xC0:
-      fluid_synth_program_change(synth, channel, event.first);
+      fluid.program_change(synth, channel, event.first);
       break;
     case 0xD0:
-      fluid_synth_channel_pressure(synth, channel, event.first);
+      fluid.channel_pressure(synth, channel, event.first);
       break;
     default:
-      fluid_synth_pitch_bend(synth, channel, event.first | event.second << 7);
+      fluid.pitch_bend(synth, channel, event.first | event.second << 7);
       break;
   }
 }
 
 void MidiSource::seek(std::int64_t frame) {
-  fluid_synth_system_reset(synth_->synth);
+  synth_->fluid.system_reset(synth_->synth);
   position_ = frame;
   nextEvent_ = 0;
   // Instruments and controls stand as they would; of the notes, only those still held begin anew.
