@@ -155,7 +155,7 @@ class Words(unittest.TestCase):
             with self.subTest(text=text):
                 self.assertEqual(self.breaks(text.format(word)), 0)
                 self.assertEqual(self.breaks(text.format(word.upper())), 0)
-        for text in ("songs.library", "working/a", "TODOS los dias", "part 2 of 3", "a reagent"):
+        for text in ("working/a", "TODOS los dias", "part 2 of 3", "a reagent"):
             with self.subTest(text=text):
                 self.assertEqual(self.breaks(text), 0)
 
