@@ -3,12 +3,15 @@
 nerolith_sources(windows_sources platform/windows)
 list(FILTER windows_sources EXCLUDE REGEX "/main\\.cpp$")
 nerolith_layer(nerolith_windows_system SOURCES ${windows_sources}
-               USES nerolith_core strmiids ole32 oleaut32 uuid dsound dxguid shell32 winmm comdlg32 mpr
-                    gdi32)
+               USES nerolith_core strmiids ole32 oleaut32 uuid dsound dxguid shell32 winmm comdlg32
+                    mpr gdi32 windowscodecs user32)
 
 nerolith_sources(form_sources platform/windows/forms)
 nerolith_layer(nerolith_windows_forms SOURCES ${form_sources}
                USES nerolith_core comctl32 ole32 uuid gdi32)
+if(form_sources)
+  target_compile_definitions(nerolith_windows_forms PRIVATE UNICODE NOMINMAX _WIN32_WINNT=0x0A00)
+endif()
 
 set(program_main "${CMAKE_SOURCE_DIR}/src/platform/windows/main.cpp")
 set(program_resources "${CMAKE_SOURCE_DIR}/src/platform/windows/velmarion.rc")

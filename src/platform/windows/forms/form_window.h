@@ -1,0 +1,87 @@
+// One form as a window.
+#pragma once
+
+#include <memory>
+#include <vector>
+
+#include "controls/form.h"
+#include "platform/windows/forms/backdrop.h"
+#include "platform/windows/forms/form_layout.h"
+
+namespace nerolith::windows_forms {
+
+/// Built with the form's layout when it is made; afterwards follows the form: shown, hidden,
+/// brought forward, entitled, and painted with its picture or the theme's panel. The form hears of
+/// keys before the focused control does, of the mouse moving over the window (except over the
+/// controls that an overlay belongs to), of activation and of closing.
+class FormWindow : public Window, private FormGround {
+ public:
+  explicit FormWindow(controls::Form& form);
+  ~FormWindow() override;
+
+  /// Shown to it before the message goes to its window; true: the message is done with.
+  bool takesMessage(const MSG& message);
+
+ protected:
+  std::optional<LRESULT> onMessage(UINT message, WPARAM first, LPARAM second) override;
+
+ private:
+  struct Floating {
+    controls::Overlay overlay;
+    ControlView* view;
+    ControlView* anchor;
+  };
+
+  HWND window() const override { return handle(); }
+  const Theme& theme() const override { return *theme_; }
+  Ink panelInk() const override { return backdrop_.ink(); }
+  void paintBehind(HWND view, Canvas& canvas) override;
+  void layoutChanged() override;
+  void panelChanged() override;
+  void setToolTip(HWND view, const std::wstring& text) override;
+
+  void build();
+  void subscribe();
+  void followForm();
+  void takePicture();
+  void show(bool visible);
+  void bringForward();
+  SIZE frameSize() const;
+  void takeSize();
+
+  void layOut();
+  void placeOverlays();
+  bool ownsOverlay(HWND window) const;
+  void popUp();
+
+  void keyPressed(const MSG& message);
+  bool navigated(const MSG& message);
+  bool accessKeyTyped(wchar_t sign);
+  void moveFocus(bool backwards);
+  void mouseMoved(const MSG& message);
+  bool wheelTurned(const MSG& message);
+
+  std::optional<LRESULT> toView(HWND view, UINT message, WPARAM first, LPARAM second);
+  LRESULT activated(UINT message, WPARAM first, LPARAM second);
+  LRESULT closed();
+  LRESULT painted();
+  LRESULT sized(WPARAM kind);
+  LRESULT dpiChanged(int dpi, const RECT& place);
+  LRESULT bounded(MINMAXINFO& bounds) const;
+
+  controls::Form& form_;
+  std::unique_ptr<Theme> theme_;
+  Backdrop backdrop_;
+  std::unique_ptr<FormLayout> layout_;
+  std::vector<Floating> floating_;
+  std::vector<base::Subscription> subscriptions_;
+  const controls::MenuItem* waitingMenu_ = nullptr;
+  HWND toolTips_ = nullptr;
+  const void* picturePixels_ = nullptr;  // those of the picture that was taken last
+  POINT mouse_{-1, -1};
+  bool layoutWaits_ = false;
+  bool lastInputWasKey_ = false;
+  bool shown_ = false;
+};
+
+}  // namespace nerolith::windows_forms

@@ -1,0 +1,55 @@
+#include "platform/windows/forms/win32_window_host.h"
+
+#include <commctrl.h>
+
+#include <vector>
+
+#include "platform/windows/forms/form_timer.h"
+#include "platform/windows/forms/form_window.h"
+#include "platform/windows/forms/quietly.h"
+
+namespace nerolith::windows_forms {
+
+struct Win32WindowHost::Hosted {
+  explicit Hosted(controls::Form& form) : form(form) {
+    for (controls::Timer* timer : form.timers())
+      timers.push_back(std::make_unique<FormTimer>(*timer));
+    subscription = form.changed.subscribe([this] { quietly([this] { showAtLast(); }); });
+    showAtLast();
+  }
+
+  void showAtLast() {
+    if (!window && form.visible()) window = std::make_unique<FormWindow>(form);
+  }
+
+  controls::Form& form;
+  std::unique_ptr<FormWindow> window;
+  std::vector<std::unique_ptr<FormTimer>> timers;
+  base::Subscription subscription;
+};
+
+Win32WindowHost::Win32WindowHost(Win32EventQueue& events) : events_(events) {
+  const INITCOMMONCONTROLSEX classes{sizeof classes, ICC_LISTVIEW_CLASSES | ICC_BAR_CLASSES |
+                                                         ICC_PROGRESS_CLASS | ICC_STANDARD_CLASSES};
+  InitCommonControlsEx(&classes);
+  events_.setFilter([this](const MSG& message) { return takesMessage(message); });
+}
+
+Win32WindowHost::~Win32WindowHost() { events_.setFilter({}); }
+
+void Win32WindowHost::add(controls::Form& form) { forms_[&form] = std::make_unique<Hosted>(form); }
+
+void Win32WindowHost::remove(controls::Form& form) { forms_.erase(&form); }
+
+FormWindow* Win32WindowHost::windowOf(const controls::Form& form) const {
+  const auto found = forms_.find(&form);
+  return found == forms_.end() ? nullptr : found->second->window.get();
+}
+
+bool Win32WindowHost::takesMessage(const MSG& message) {
+  for (const auto& [form, hosted] : forms_)
+    if (hosted->window && hosted->window->takesMessage(message)) return true;
+  return false;
+}
+
+}  // namespace nerolith::windows_forms

@@ -1,0 +1,36 @@
+// The window host of the Windows program.
+#pragma once
+
+#include <map>
+#include <memory>
+
+#include "platform/window_host.h"
+#include "platform/windows/forms/win32_event_queue.h"
+
+namespace nerolith::windows_forms {
+
+class FormWindow;
+
+/// Makes a window for each form, at the latest when the form is shown for the first time: forms
+/// that nobody opens cost nothing. The event queue outlives it; all on its thread.
+class Win32WindowHost : public platform::WindowHost {
+ public:
+  explicit Win32WindowHost(Win32EventQueue& events);
+  ~Win32WindowHost() override;
+
+  void add(controls::Form& form) override;
+  void remove(controls::Form& form) override;
+
+  /// The window of a form that was shown; nullptr before.
+  FormWindow* windowOf(const controls::Form& form) const;
+
+ private:
+  struct Hosted;
+
+  bool takesMessage(const MSG& message);
+
+  Win32EventQueue& events_;
+  std::map<const controls::Form*, std::unique_ptr<Hosted>> forms_;
+};
+
+}  // namespace nerolith::windows_forms
