@@ -17,6 +17,9 @@ set(program_main "${CMAKE_SOURCE_DIR}/src/platform/windows/main.cpp")
 set(program_resources "${CMAKE_SOURCE_DIR}/src/platform/windows/velmarion.rc")
 if(NEROLITH_PROGRAM AND EXISTS "${program_main}")
   enable_language(RC)
+  string(REPLACE "." "," version_numbers "${PROJECT_VERSION}.0")
+  set_source_files_properties("${program_resources}" PROPERTIES COMPILE_DEFINITIONS
+    "NEROLITH_VERSION_NUMBERS=${version_numbers};NEROLITH_VERSION_TEXT=\\\"${PROJECT_VERSION}\\\"")
   add_executable(velmarion WIN32 "${program_main}" "${program_resources}")
   target_link_libraries(velmarion PRIVATE nerolith_core nerolith_windows_system
                                           nerolith_windows_forms)

@@ -1,0 +1,114 @@
+// The Windows program: its machine, and the player on it.
+
+#include <windows.h>
+
+#include <string>
+#include <string_view>
+
+#include "app/absent_neighbours.h"
+#include "app/program.h"
+#include "platform/windows/com_apartment.h"
+#include "platform/windows/directshow_graphs.h"
+#include "platform/windows/forms/win32_event_queue.h"
+#include "platform/windows/forms/win32_window_host.h"
+#include "platform/windows/registry_store.h"
+#include "platform/windows/system_clock.h"
+#include "platform/windows/wic_picture_loader.h"
+#include "platform/windows/wide_text.h"
+#include "platform/windows/windows_dialogs.h"
+#include "platform/windows/windows_file_system.h"
+
+namespace {
+
+using namespace nerolith;
+
+constexpr const wchar_t* kHelp =
+    L"velmarion [FILE|FOLDER][,MODE]\n"
+    L"velmarion MODE\n\n"
+    L"Plays the music of a folder; each song starts while the one before fades away.\n\n"
+    L"FILE\topens its folder and plays it\n"
+    L"FOLDER\topens it; with mode 2 or 3 the first song starts\n"
+    L"MODE\t1 Single, 2 Auto next, 3 Random\n\n"
+    L"--help\tshows this text\n"
+    L"--version\tshows the version\n\n"
+    L"Examples:\nvelmarion D:\\Music,3\nvelmarion 2\nvelmarion song.mp3";
+
+/// Everything behind the program's own name, as one text. The quotation marks that Windows puts
+/// around names with blanks are no part of a name.
+std::string commandLineText() {
+  std::wstring_view line = GetCommandLineW();
+  const bool quoted = !line.empty() && line.front() == L'"';
+  const std::size_t end = quoted ? line.find(L'"', 1) : line.find_first_of(L" \t");
+  line = end == std::wstring_view::npos ? std::wstring_view() : line.substr(end + (quoted ? 1 : 0));
+  std::wstring text;
+  for (const wchar_t sign : line)
+    if (sign != L'"') text += sign;
+  const std::size_t first = text.find_first_not_of(L" \t");
+  if (first == std::wstring::npos) return {};
+  const std::size_t last = text.find_last_not_of(L" \t");
+  return windows::utf8Text(std::wstring_view(text).substr(first, last - first + 1));
+}
+
+/// Into the console or the file that the program was started with, else into a message box.
+void tell(const std::wstring& text) {
+  const bool console = AttachConsole(ATTACH_PARENT_PROCESS) != FALSE;
+  const HANDLE output = GetStdHandle(STD_OUTPUT_HANDLE);
+  const std::string bytes = windows::utf8Text(text) + "\r\n";
+  DWORD written = 0;
+  const bool told =
+      output && output != INVALID_HANDLE_VALUE &&
+      WriteFile(output, bytes.data(), static_cast<DWORD>(bytes.size()), &written, nullptr) != FALSE;
+  if (!told) MessageBoxW(nullptr, text.c_str(), L"Nerolith", MB_OK);
+  if (console) FreeConsole();
+}
+
+/// What needs no window. True when it was all that was asked for.
+bool answeredAtOnce(const std::string& commandLine) {
+  if (commandLine == "--help" || commandLine == "-h" || commandLine == "/?") {
+    tell(kHelp);
+    return true;
+  }
+  if (commandLine != "--version") return false;
+  tell(L"Nerolith " + windows::wideText(NEROLITH_VERSION));
+  return true;
+}
+
+/// The window that a dialog belongs to: the one in front of ours.
+HWND windowInFront() {
+  const HWND active = GetActiveWindow();
+  return active ? GetAncestor(active, GA_ROOT) : nullptr;
+}
+
+int runPlayer(const std::string& commandLine) {
+  const windows::ComApartment com;
+  windows_forms::Win32EventQueue events;
+  windows_forms::Win32WindowHost forms(events);
+  windows::WindowsFileSystem files;
+  windows::WindowsDialogs dialogs(windowInFront, [&files] { return files.currentDirectory(); });
+  windows::WicPictureLoader pictures;
+  windows::RegistryStore settings;
+  windows::SystemClock clock;
+  windows::DirectShowGraphs sound;
+  const platform::Machine machine{sound, files, settings, dialogs, pictures, clock, events, forms};
+
+  app::NoPlaylists playlists;
+  app::NoSelectionActions selection;
+  app::NoNotificationIcon icon;
+  player::NoRecording recording;
+  app::Program program(machine, {playlists, selection, icon}, recording);
+  program.start(commandLine);
+  return events.run();
+}
+
+}  // namespace
+
+int WINAPI wWinMain(HINSTANCE, HINSTANCE, PWSTR, int) {
+  try {
+    const std::string commandLine = commandLineText();
+    return answeredAtOnce(commandLine) ? 0 : runPlayer(commandLine);
+  } catch (const std::exception& fault) {
+    MessageBoxW(nullptr, windows::wideText(fault.what()).c_str(), L"Nerolith",
+                MB_OK | MB_ICONERROR);
+    return 1;
+  }
+}
