@@ -91,6 +91,16 @@ TEST_F(SongList, TypedLetterFindsTheNextEntryThatBeginsWithIt) {
   EXPECT_EQ(form.List1.listIndex(), 3);
 }
 
+TEST_F(SongList, LetterWithAltIsTheWindowsAndLeavesTheSelection) {
+  heard.on(form.List1.keyPress, "typed");
+  click(1);
+  click(4, Qt::ControlModifier);
+  QKeyEvent altD(QEvent::KeyPress, Qt::Key_D, Qt::AltModifier, QStringLiteral("d"));
+  QCoreApplication::sendEvent(list, &altD);
+  EXPECT_EQ(selection(), ".x..x.");
+  EXPECT_EQ(heard.all(), "click click");
+}
+
 TEST_F(SongList, MouseButtonsAndMovesAreTold) {
   heard.on(form.List1.mouseDown, "down");
   heard.on(form.List1.mouseUp, "up");

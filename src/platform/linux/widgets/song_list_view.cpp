@@ -39,6 +39,11 @@ SongListView::SongListView(controls::ListBox& list, QWidget* parent)
   followSelection();
 }
 
+void SongListView::setEmptyHint(const QString& words) {
+  emptyHint_ = words;
+  viewport()->update();
+}
+
 void SongListView::followItems() {
   const EchoGuard::Hold hold(echo_);
   model_->reload();
@@ -121,6 +126,8 @@ bool SongListView::moveByKey(QKeyEvent* event) {
 void SongListView::keyPressEvent(QKeyEvent* event) {
   quietly([this, event] {
     const bool control = event->modifiers() & Qt::ControlModifier;
+    // Alt with a letter is the window's: it must not move the selection that it is to work on.
+    const bool command = control || (event->modifiers() & (Qt::AltModifier | Qt::MetaModifier));
     const int now = list_.listIndex();
     if (moveByKey(event)) return;
     if (event->matches(QKeySequence::SelectAll)) {
@@ -129,7 +136,7 @@ void SongListView::keyPressEvent(QKeyEvent* event) {
       if (now >= 0) toggle(anchor_ = now);
     } else if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
       list_.userActivate(now);
-    } else if (!event->text().isEmpty() && !control && event->text().at(0).isPrint()) {
+    } else if (!event->text().isEmpty() && !command && event->text().at(0).isPrint()) {
       const QChar typed = event->text().at(0);
       list_.keyPress.raise(typed.unicode());
       if (typed != QLatin1Char(' ')) keyboardSearch(event->text());
@@ -181,6 +188,11 @@ void SongListView::paintEvent(QPaintEvent* event) {
   {
     QPainter painter(viewport());
     painter.fillRect(event->rect(), theme::kWell);
+    if (list_.count() == 0 && !emptyHint_.isEmpty()) {
+      painter.setFont(theme::fontFor(controls::Look::SongList));
+      painter.setPen(theme::kFaintInk);
+      painter.drawText(viewport()->rect(), Qt::AlignCenter | Qt::TextWordWrap, emptyHint_);
+    }
   }
   QListView::paintEvent(event);
 }
