@@ -159,6 +159,17 @@ TEST(LibavGraph, FailsWhenTheFileDoesNotAnswerInTime) {
   EXPECT_EQ(graph->currentPosition(), 0);
 }
 
+TEST(LibavGraph, WhateverStopsADecoderFromOpeningIsAFailure) {
+  sound::SoundEngine engine(
+      manualOutput(),
+      [](const std::string&, const std::atomic<bool>&) -> std::unique_ptr<sound::AudioSource> {
+        throw std::bad_alloc();
+      });
+  const auto graph = engine.createFilterGraph();
+  EXPECT_THROW(graph->renderFile("/music/odd.mp3"), platform::Failure);
+  EXPECT_EQ(graph->currentPosition(), 0);
+}
+
 TEST(LibavGraph, StuckThreadHoldsUpNeitherTheDeckNorTheProgramsEnd) {
   DeadShare share;
   auto engine = std::make_unique<sound::SoundEngine>(manualOutput(), share.opener(),

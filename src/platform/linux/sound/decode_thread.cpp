@@ -94,7 +94,14 @@ std::int64_t DecodeThread::waitUntilReady(std::chrono::milliseconds patience) {
     throw platform::Failure("Cannot play " + quotedName(path_) +
                             ": the disk or network share does not answer.");
   }
-  return ready_.get();
+  try {
+    return ready_.get();
+  } catch (const platform::Failure&) {
+    throw;
+  } catch (const std::exception& fault) {
+    // No memory, say: one more file that cannot be played, and no reason to play no other.
+    throw platform::Failure("Cannot play " + quotedName(path_) + ": " + fault.what() + ".");
+  }
 }
 
 }  // namespace nerolith::sound

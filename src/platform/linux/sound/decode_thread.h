@@ -25,7 +25,7 @@ class DecodeThread {
   DecodeThread& operator=(const DecodeThread&) = delete;
 
   /// Waits until the file is open and its first 200 ms are decoded; returns its length in frames.
-  /// Fails (`platform::Failure`) as the opening failed, or when `patience` is over.
+  /// Fails (`platform::Failure`) however the opening failed, or when `patience` is over.
   std::int64_t waitUntilReady(std::chrono::milliseconds patience);
 
   const std::shared_ptr<DeckFeed>& feed() const { return feed_; }
