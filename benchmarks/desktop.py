@@ -43,7 +43,7 @@ class Process:
         return values["Pss"], values["Private_Clean"] + values["Private_Dirty"]
 
     def end(self):
-        """Politely, then by force; the processor time it used in all."""
+        """Politely, then by force."""
         if self.running():
             self.popen.terminate()
         try:
