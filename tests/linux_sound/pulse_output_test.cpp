@@ -237,6 +237,17 @@ TEST_F(OnServer, ServerThatHangsIsToldAndHoldsNobodyUp) {
   EXPECT_TRUE(within(4, [&] { return engine.soundTrouble().empty(); }));
 }
 
+TEST_F(OnServer, ServerThatHangsFromTheBeginningIsTold) {
+  server->freeze();
+  const auto graph = rendered(numbered(30));
+  graph->run();
+  const bool told = within(5, [&] { return !engine.soundTrouble().empty(); });
+  server->thaw();
+  EXPECT_TRUE(told);
+  EXPECT_TRUE(within(4, [&] { return graph->currentPosition() > 0.3; }));
+  EXPECT_EQ(engine.soundTrouble(), "");
+}
+
 TEST_F(OnServer, LeavesTheServersOwnVolumeAlone) {
   const auto graph = rendered(Frames(20 * 44100, Frame{0.5F, 0.5F}));
   graph->run();

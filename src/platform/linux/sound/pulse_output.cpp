@@ -96,6 +96,9 @@ void PulseOutput::connect() {
   pa_context_set_state_callback(
       context_, [](pa_context*, void* self) { static_cast<PulseOutput*>(self)->contextChanged(); },
       this);
+  // A server may take the connection and never answer.
+  idleLooks_ = 0;
+  lookAgainIn(kLookEvery);
   // Starting a server ourselves would block, and is the desktop's business.
   if (pa_context_connect(context_, nullptr, PA_CONTEXT_NOAUTOSPAWN, nullptr) < 0 &&
       context_ != nullptr) {
@@ -248,19 +251,21 @@ void PulseOutput::ranDry() {
   }
 }
 
-/// Once a second while something should be heard: a lost server is tried again, and a server that
-/// is there but takes no sound any more is told to the user.
+/// Once a second while something should be heard or a connection is made: a lost server is tried
+/// again, and one that is there but takes no sound is told to the user.
 void PulseOutput::look() {
   if (context_ == nullptr) {
     connect();
     return;
   }
-  if (!playing_) return;
+  if (ready() && !playing_) return;
   idleLooks_ = pulled_ == pulledAtLastLook_ ? idleLooks_ + 1 : 0;
   pulledAtLastLook_ = pulled_;
-  sayTrouble(idleLooks_ >= kPatientLooks
-                 ? "No sound: the sound server takes no sound. Playing goes on when it does."
-                 : "");
+  if (idleLooks_ >= kPatientLooks) {
+    sayTrouble("No sound: the sound server takes no sound. Playing goes on when it does.");
+  } else if (ready()) {
+    sayTrouble({});
+  }
   lookAgainIn(kLookEvery);
 }
 
