@@ -50,10 +50,9 @@ void dayOfRandomOverTenThousandSongs(benchmark::State& state) {
       machine.files.addFile("C:\\Music\\song " + std::to_string(i) + ".mp3",
                             {.duration = 150.0 + i % 120});
     app::NoPlaylists playlists;
-    app::NoSelectionActions selection;
     app::NoNotificationIcon icon;
     player::NoRecording recording;
-    app::Program program(machine.doors(), {playlists, selection, icon}, recording);
+    app::Program program(machine.doors(), playlists, icon, recording);
     state.ResumeTiming();
     program.start(",3");
     machine.advance(24h);
@@ -72,10 +71,9 @@ void tickWithHundredThousandEntries(benchmark::State& state) {
   platform::simulated::SimulatedMachine machine;
   machine.recordTrace(false);
   app::NoPlaylists playlists;
-  app::NoSelectionActions selection;
   app::NoNotificationIcon icon;
   player::NoRecording recording;
-  app::Program program(machine.doors(), {playlists, selection, icon}, recording);
+  app::Program program(machine.doors(), playlists, icon, recording);
   program.start(",1");
   machine.advance(1s);
   program.mainForm().List1.setItems(std::vector<std::string>(100000, "song.mp3"));

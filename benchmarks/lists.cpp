@@ -29,7 +29,7 @@ constexpr int kTries = 7;
 
 /// The real window and the real disk; decks, clock and settings are not what is measured.
 struct Window {
-  Window() : program(doors(), {playlists, selection, icon}, recording) {
+  Window() : program(doors(), playlists, icon, recording) {
     simulated.recordTrace(false);
     program.start(",1");
     simulated.advance(std::chrono::seconds(1));
@@ -50,7 +50,6 @@ struct Window {
   system::PosixFileSystem files;
   widgets::QtWindowHost windows;
   app::NoPlaylists playlists;
-  app::NoSelectionActions selection;
   app::NoNotificationIcon icon;
   player::NoRecording recording;
   app::Program program;

@@ -21,13 +21,6 @@ class NoPlaylists final : public PlaylistActions {
   std::string remembered_;
 };
 
-/// No functions over the selection: nothing is removed or marked.
-class NoSelectionActions final : public SelectionActions {
- public:
-  void removeSelected() override {}
-  void deleteMarkedFiles() override {}
-};
-
 /// No notification area: the main window minimises instead of hiding.
 class NoNotificationIcon final : public NotificationIcon {
  public:

@@ -36,7 +36,10 @@ void MainWindow::subscribeListAndMenu() {
   });
   on(form_.Command7.click, [this] { popUpMenu(); });
   on(form_.List1.mouseDown, [this](controls::MouseButton button) {
-    if (button == controls::MouseButton::Right) popUpMenu();
+    if (button != controls::MouseButton::Right) return;
+    popUpMenu();
+    // The menu has taken the mouse: the button's release never reaches the list.
+    form_.List1.mouseUp.raise(button);
   });
 }
 
@@ -52,6 +55,7 @@ void MainWindow::keyDown(const controls::KeyPress& press) {
   goOn([&] {
     if (press.key == Key::Delete) neighbours_.selection.removeSelected();
     if (press.key == Key::Enter) form_.List1.setFocus();
+    if (press.key == Key::Menu) popUpMenu();
     if (!press.alt) return;
     if (press.key == letterKey('U')) neighbours_.playlists.updatePlaylist();
     if (press.key == letterKey('Q')) neighbours_.playlists.quickAdd();

@@ -11,8 +11,8 @@ library::BrowserControls browserControls(forms::MainForm& form) {
 
 }  // namespace
 
-Program::Program(const platform::Machine& machine, Neighbours neighbours,
-                 player::RecordingLink& recording)
+Program::Program(const platform::Machine& machine, PlaylistActions& playlists,
+                 NotificationIcon& icon, player::RecordingLink& recording)
     : machine_(machine),
       stored_(machine.settings, live_),
       songs_(form_.List1, form_.Text1, form_.Text2),
@@ -24,9 +24,11 @@ Program::Program(const platform::Machine& machine, Neighbours neighbours,
       player_(form_, songs_, live_, recording,
               {machine.graphs, machine.dialogs, machine.events, machine.files.separator(),
                [this] { recentScan_.scanIfDue(); }}),
-      mainWindow_(form_, menu_, neighbours, [this] { player_.list1_DblClick(); }),
-      startUp_(machine, {form_, live_, stored_, songs_, browser_, player_, neighbours}),
-      shutDown_(stored_, browser_, neighbours) {
+      listWork_(machine, form_, menu_, songs_, live_, stored_),
+      mainWindow_(form_, menu_, {playlists, listWork_, icon}, [this] { player_.list1_DblClick(); }),
+      startUp_(machine,
+               {form_, live_, stored_, songs_, browser_, player_, {playlists, listWork_, icon}}),
+      shutDown_(stored_, browser_, {playlists, listWork_, icon}) {
   form_.Command7.setEnabled(menu_.showWhatWorks());
   unload_ = form_.form.unload.subscribe([this] { unload(); });
   machine_.windows.add(form_.form);

@@ -3,6 +3,7 @@
 
 #include <string>
 
+#include "app/list_work.h"
 #include "app/main_window.h"
 #include "app/neighbours.h"
 #include "app/shut_down.h"
@@ -19,11 +20,11 @@
 
 namespace nerolith::app {
 
-/// Made once per run, on the user-interface thread; the machine and the neighbours outlive it.
+/// Made once per run, on the user-interface thread; all that it is handed outlives it.
 /// start -> the user works -> the main form's unload saves the run and ends the event queue.
 class Program {
  public:
-  Program(const platform::Machine& machine, Neighbours neighbours,
+  Program(const platform::Machine& machine, PlaylistActions& playlists, NotificationIcon& icon,
           player::RecordingLink& recording);
   ~Program();
   Program(const Program&) = delete;
@@ -48,6 +49,7 @@ class Program {
   library::FolderBrowser browser_;
   library::RecentScan recentScan_;
   player::Player player_;
+  ListWork listWork_;
   MainWindow mainWindow_;
   StartUp startUp_;
   ShutDown shutDown_;

@@ -10,6 +10,7 @@ enum class Key : int {
   Escape = 27,
   Space = 32,
   Delete = 46,
+  Menu = 93,
   F1 = 112,
   F10 = 121
 };

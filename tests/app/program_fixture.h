@@ -39,17 +39,6 @@ class TracedPlaylists final : public PlaylistActions {
   SimulatedMachine& machine_;
 };
 
-class TracedSelection final : public SelectionActions {
- public:
-  explicit TracedSelection(SimulatedMachine& machine) : machine_(machine) {}
-  void removeSelected() override { note("remove"); }
-  void deleteMarkedFiles() override { note("deleteMarked"); }
-
- private:
-  void note(const char* what) { machine_.doorway.note({Door::Events, "selection", what}); }
-  SimulatedMachine& machine_;
-};
-
 class TracedIcon final : public NotificationIcon {
  public:
   explicit TracedIcon(SimulatedMachine& machine) : machine_(machine) {}
@@ -95,8 +84,7 @@ class ProgramTest : public testing::Test {
   }
 
   void start(const std::string& commandLine = {}) {
-    program = std::make_unique<Program>(machine.doors(), Neighbours{playlists, selection, icon},
-                                        recording);
+    program = std::make_unique<Program>(machine.doors(), playlists, icon, recording);
     program->start(commandLine);
     machine.advance(0ms);
   }
@@ -106,7 +94,6 @@ class ProgramTest : public testing::Test {
 
   SimulatedMachine machine;
   TracedPlaylists playlists{machine};
-  TracedSelection selection{machine};
   TracedIcon icon{machine};
   player::NoRecording recording;
   std::unique_ptr<Program> program;

@@ -55,10 +55,9 @@ int runPlayer(int argc, char** argv, const std::string& commandLine) {
                                   pictures, clock, events,   windows};
 
   app::NoPlaylists playlists;
-  app::NoSelectionActions selection;
   app::NoNotificationIcon icon;
   player::NoRecording recording;
-  app::Program program(machine, {playlists, selection, icon}, recording);
+  app::Program program(machine, playlists, icon, recording);
   program.start(commandLine);
   events.post([&] { sound.warmUp(); });
   events.post([&] {

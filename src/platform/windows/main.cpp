@@ -92,10 +92,9 @@ int runPlayer(const std::string& commandLine) {
   const platform::Machine machine{sound, files, settings, dialogs, pictures, clock, events, forms};
 
   app::NoPlaylists playlists;
-  app::NoSelectionActions selection;
   app::NoNotificationIcon icon;
   player::NoRecording recording;
-  app::Program program(machine, {playlists, selection, icon}, recording);
+  app::Program program(machine, playlists, icon, recording);
   program.start(commandLine);
   return events.run();
 }

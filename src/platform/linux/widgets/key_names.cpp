@@ -20,6 +20,8 @@ controls::Key keyOf(int key) {
       return controls::Key::Space;
     case Qt::Key_Delete:
       return controls::Key::Delete;
+    case Qt::Key_Menu:
+      return controls::Key::Menu;
     default:
       return controls::Key::Other;
   }
