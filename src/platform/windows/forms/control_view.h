@@ -21,6 +21,7 @@ struct Extent {
   int leastHeight = 0;
   bool growsWide = false;  // else it stays as wide as it needs, in the middle of its place
   bool growsHigh = false;
+  bool fillsWide = false;  // as wide as its place, without asking for more
 };
 
 /// A child window that shows one control: visible, enabled, tooltip and focus stay in line with the

@@ -22,7 +22,8 @@ Area toArea(const RECT& area) {
 
 /// As much of `area` as what has this extent takes, in the middle of it.
 RECT within(const RECT& area, const Extent& extent) {
-  const int width = extent.growsWide ? widthOf(area) : std::min(widthOf(area), extent.width);
+  const int width =
+      extent.growsWide || extent.fillsWide ? widthOf(area) : std::min(widthOf(area), extent.width);
   const int height = extent.growsHigh ? heightOf(area) : std::min(heightOf(area), extent.height);
   const LONG left = area.left + (widthOf(area) - width) / 2;
   const LONG top = area.top + (heightOf(area) - height) / 2;
@@ -97,7 +98,7 @@ Extent FormLayout::extentOf(const Node& node) const {
   Extent extent = node.view ? node.view->extent() : extentOfLine(node);
   if (box.width > 0) {
     extent.width = extent.leastWidth = theme.px(box.width);
-    extent.growsWide = false;
+    extent.growsWide = extent.fillsWide = false;
   }
   if (box.height > 0) {
     extent.height = extent.leastHeight = theme.px(box.height);

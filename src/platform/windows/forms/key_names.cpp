@@ -17,6 +17,8 @@ controls::Key keyOf(WPARAM key) {
       return controls::Key::Space;
     case VK_DELETE:
       return controls::Key::Delete;
+    case VK_APPS:
+      return controls::Key::Menu;
     default:
       return controls::Key::Other;
   }

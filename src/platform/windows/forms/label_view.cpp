@@ -47,7 +47,7 @@ Extent LabelView::extent() const {
   const int height = static_cast<int>(size.cy) + 2;
   const bool wide = look_ == Look::Song || look_ == Look::Notice;
   const bool elastic = wide || look_ == Look::Title;
-  return {wide ? 0 : width, height, elastic ? 0 : width, height, wide, false};
+  return {wide ? 0 : width, height, elastic ? 0 : width, height, wide, false, true};
 }
 
 Ink LabelView::inkNow() const {

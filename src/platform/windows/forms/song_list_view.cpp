@@ -47,9 +47,9 @@ SongListView::~SongListView() {
   if (rowHeight_) ImageList_Destroy(rowHeight_);
 }
 
-// A list of pictures as high as a row is how this class is told the height of its rows.
+// A list of pictures nearly as high as a row is how this class is told the height of its rows.
 void SongListView::themeChanged() {
-  HIMAGELIST fresh = ImageList_Create(1, theme().px(Theme::kRowHeight), ILC_COLOR, 0, 1);
+  HIMAGELIST fresh = ImageList_Create(1, theme().px(Theme::kRowHeight) - 1, ILC_COLOR, 0, 1);
   ListView_SetImageList(handle(), fresh, LVSIL_SMALL);
   if (rowHeight_) ImageList_Destroy(rowHeight_);
   rowHeight_ = fresh;
@@ -243,6 +243,7 @@ std::optional<LRESULT> SongListView::onOwnMessage(UINT message, WPARAM first, LP
     case WM_CHAR:
       return quietly([&] { typed(static_cast<wchar_t>(first)); }), 0;
     case WM_PAINT:
+    case WM_ERASEBKGND:
       return passOn(message, first, second);
     case LVM_GETSELECTEDCOUNT:
       return list_.selectedCount();

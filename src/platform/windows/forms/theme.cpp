@@ -116,7 +116,7 @@ void Theme::drawText(Canvas& canvas, const std::wstring& text, RECT room, HFONT 
                      const Ink& colour, Align align, Shorten shorten, bool mnemonic) const {
   const Selected selected(canvas.dc(), font);
   SetTextColor(canvas.dc(), colour.ref());
-  UINT flags = DT_SINGLELINE | DT_VCENTER;
+  UINT flags = DT_SINGLELINE | DT_VCENTER | DT_NOCLIP;
   flags |= align == Align::Left ? DT_LEFT : align == Align::Centre ? DT_CENTER : DT_RIGHT;
   if (!mnemonic) flags |= DT_NOPREFIX;
   // Without an ampersand the end is cut; the middle is cut by measuring.
