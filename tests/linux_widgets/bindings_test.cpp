@@ -33,6 +33,14 @@ TEST_F(Bindings, LampSwitchClicksItsWordsAndFollowsItsLamp) {
   EXPECT_EQ(heard.count(), 2);
 }
 
+TEST_F(Bindings, LampSwitchPressedByMouseLeavesTheFocusWithTheSongs) {
+  form.List1.setFocus();
+  auto* loop = findWidget<LampSwitchView>(*window, [](auto& w) { return w.text() == "loop"; });
+  ASSERT_NE(loop, nullptr);
+  QTest::mouseClick(loop, Qt::LeftButton, {}, QPoint(8, 8));
+  EXPECT_FALSE(loop->hasFocus());
+}
+
 TEST_F(Bindings, CaptionKeysAreNamedButtons) {
   heard.on(form.Label5[0].click, "close");
   QTest::mouseClick(&widget<CaptionKey>("Close"), Qt::LeftButton);

@@ -34,6 +34,13 @@ TEST_F(Face, ReleasedOutsideIsNoClick) {
   EXPECT_EQ(heard.all(), "up");
 }
 
+TEST_F(Face, PressedByMouseLeavesTheFocusWithTheSongs) {
+  form.List1.setFocus();
+  FaceButtonView& play = face("P&lay");
+  QTest::mouseClick(&play, Qt::LeftButton);
+  EXPECT_FALSE(play.hasFocus());
+}
+
 TEST_F(Face, IsClickedBySpaceBarAndByScreenReader) {
   heard.on(form.Label8[3].click, "click");
   FaceButtonView& stop = face("&Stop");

@@ -29,6 +29,8 @@ QString lampInWords(controls::Colour colour) {
 FaceButtonView::FaceButtonView(const controls::FaceButton& parts, QWidget* parent)
     : QPushButton(parent), parts_(parts) {
   setFont(theme::fontFor(controls::Look::Transport));
+  // By Tab, not by the mouse: after a click the space bar is the song list's, as before.
+  setFocusPolicy(Qt::TabFocus);
   setAttribute(Qt::WA_Hover);
   setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
   connect(this, &QPushButton::clicked, this,

@@ -38,6 +38,8 @@ void LampView::paintEvent(QPaintEvent*) {
 LampSwitchView::LampSwitchView(const controls::LampSwitch& parts, QWidget* parent)
     : QCheckBox(parent), parts_(parts) {
   setFont(theme::fontFor(controls::Look::LampText));
+  // By Tab, not by the mouse: after a click the space bar is the song list's, as before.
+  setFocusPolicy(Qt::TabFocus);
   setAttribute(Qt::WA_Hover);
   setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
   connect(this, &QCheckBox::clicked, this,
