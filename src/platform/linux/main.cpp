@@ -9,6 +9,7 @@
 #include "platform/linux/system/ini_settings_store.h"
 #include "platform/linux/system/posix_file_system.h"
 #include "platform/linux/system/sound_module.h"
+#include "platform/linux/system/start_up_pages.h"
 #include "platform/linux/system/system_clock.h"
 #include "platform/linux/widgets/qt_application.h"
 #include "platform/linux/widgets/qt_dialogs.h"
@@ -19,6 +20,9 @@
 namespace {
 
 using namespace nerolith;
+
+/// Ticks of the main timer until start and first song have settled: three seconds.
+constexpr int kSettledTicks = 30;
 
 /// The whole command line as one text, as the player reads it.
 std::string commandLineOf(int argc, char** argv) {
@@ -63,6 +67,10 @@ int runPlayer(int argc, char** argv, const std::string& commandLine) {
   events.post([&] {
     const std::string trouble = settings.trouble();
     if (!trouble.empty()) dialogs.showMessage({trouble, platform::MessageIcon::Information});
+  });
+  int ticks = 0;
+  const auto settled = program.mainForm().Timer1.tick.subscribe([&ticks] {
+    if (++ticks == kSettledTicks) system::giveBackStartUpPages();
   });
   return application.run();
 }
