@@ -1,6 +1,8 @@
 // The smaller bindings: lamps with words, caption keys, the time, drives, folders, texts.
+#include <QAbstractItemView>
 #include <QAccessible>
 #include <QComboBox>
+#include <QScrollBar>
 
 #include "platform/linux/widgets/caption_key.h"
 #include "platform/linux/widgets/digital_display.h"
@@ -146,6 +148,11 @@ class Folders : public ShownForm {
   QPoint middleOf(int row) const {
     return popUp->visualRect(popUp->model()->index(row, 0)).center();
   }
+  /// Without its shadow.
+  QRect frame() const {
+    const int shadow = popUp->frameWidth();
+    return popUp->geometry().adjusted(shadow, shadow, -shadow, -shadow);
+  }
   FolderPopup* popUp = nullptr;
 };
 
@@ -160,8 +167,50 @@ TEST_F(Folders, ShowTheWayAndWhatLiesThere) {
 TEST_F(Folders, LieDirectlyBelowTheDrive) {
   auto& combo = widget<DriveCombo>("Drive");
   EXPECT_TRUE(popUp->isVisible());
-  EXPECT_EQ(popUp->geometry().topLeft(), combo.mapTo(window, QPoint(0, combo.height())));
-  EXPECT_TRUE(window->rect().contains(popUp->geometry()));
+  const QPoint corner = combo.mapTo(window, QPoint(0, combo.height()));
+  EXPECT_EQ(frame().left(), corner.x());
+  EXPECT_GT(frame().top(), corner.y());
+  EXPECT_LT(frame().top(), corner.y() + 8);
+}
+
+TEST_F(Folders, StayWithinTheListHoweverSmallTheWindowAndManyTheFolders) {
+  form.Dir1.setContents({"/", "/home", "/home/anna"}, std::vector<std::string>(200, "Music"));
+  window->resize(window->minimumSizeHint());
+  QCoreApplication::processEvents();
+  const QRect list = widget<QListView>("Songs").geometry();
+  EXPECT_LT(frame().bottom(), list.bottom());
+  EXPECT_LT(frame().right(), list.right());
+  EXPECT_GT(popUp->verticalScrollBar()->maximum(), 0);
+}
+
+TEST_F(Folders, EscapeHidesThemFromTheDriveToo) {
+  auto& combo = widget<DriveCombo>("Drive");
+  combo.setFocus();
+  QTest::keyClick(&combo, Qt::Key_Escape);
+  EXPECT_FALSE(form.Dir1.visible());
+  EXPECT_EQ(window->focusWidget(), &combo);
+}
+
+TEST_F(Folders, OpenFromTheArrowTooWhereThereIsNoOtherDrive) {
+  form.Drive1.setDrives({{"/", "System"}});
+  auto& combo = widget<DriveCombo>("Drive");
+  heard.on(form.Drive1.gotFocus, "drive");
+  QTest::mouseClick(&combo, Qt::LeftButton, {}, QPoint(combo.width() - 8, 14));
+  QTest::mouseClick(&combo, Qt::LeftButton, {}, QPoint(combo.width() - 8, 14));
+  EXPECT_EQ(heard.all(), "drive drive");
+  EXPECT_EQ(QApplication::activePopupWidget(), nullptr);
+}
+
+TEST_F(Folders, DrivesDropBelowTheBoxWhichStaysAsItIs) {
+  form.Drive1.setDrives({{"/", "System"}, {"/home", "Home"}});
+  auto& combo = widget<DriveCombo>("Drive");
+  combo.setFocus();
+  const QImage before = combo.grab().toImage();
+  combo.showPopup();
+  EXPECT_GE(combo.view()->mapToGlobal(QPoint()).y(),
+            combo.mapToGlobal(QPoint(0, combo.height())).y());
+  EXPECT_EQ(combo.grab().toImage(), before);
+  combo.hidePopup();
 }
 
 TEST_F(Folders, ClickOnlyTellsDoubleClickOpens) {

@@ -1,8 +1,13 @@
 #include "platform/linux/widgets/drive_combo.h"
 
+#include <QAbstractItemView>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QProxyStyle>
+#include <QStyledItemDelegate>
 #include <QWheelEvent>
+#include <algorithm>
+#include <utility>
 
 #include "platform/linux/widgets/control_binding.h"
 #include "platform/linux/widgets/quietly.h"
@@ -12,6 +17,37 @@ namespace nerolith::widgets {
 namespace {
 
 constexpr int kArrowRoom = 26;
+constexpr int kDriveRow = 26;
+
+/// The toolkit's own style lays the list over the box, as if the box had turned into it.
+class BelowTheBox : public QProxyStyle {
+ public:
+  BelowTheBox() : QProxyStyle(QStringLiteral("fusion")) {}
+  int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+                QStyleHintReturn* answer) const override {
+    if (hint == SH_ComboBox_Popup) return 0;
+    return QProxyStyle::styleHint(hint, option, widget, answer);
+  }
+};
+
+class DriveRow : public QStyledItemDelegate {
+ public:
+  using QStyledItemDelegate::QStyledItemDelegate;
+  QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex&) const override {
+    return {90, std::max(kDriveRow, option.fontMetrics.height() + 8)};
+  }
+  void paint(QPainter* painter, const QStyleOptionViewItem& option,
+             const QModelIndex& index) const override {
+    const bool current = option.state & QStyle::State_Selected;
+    painter->fillRect(option.rect, current ? theme::kSelection : theme::kWell);
+    painter->setPen(current ? theme::kSelectionInk : theme::kInk);
+    painter->setFont(option.font);
+    const QRect words = option.rect.adjusted(9, 0, -6, 0);
+    painter->drawText(
+        words, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,
+        option.fontMetrics.elidedText(index.data().toString(), Qt::ElideRight, words.width()));
+  }
+};
 
 }  // namespace
 
@@ -47,13 +83,26 @@ void DriveCombo::choose(int row) {
 }
 
 void DriveCombo::mousePressEvent(QMouseEvent* event) {
-  if (event->position().x() >= width() - kArrowRoom) {
+  if (count() > 1 && event->position().x() >= width() - kArrowRoom) {
     focusByPress_ = false;
     QComboBox::mousePressEvent(event);
     return;
   }
   if (event->button() == Qt::LeftButton && !std::exchange(focusByPress_, false))
     quietly([this] { drives_.gotFocus.raise(); });
+}
+
+void DriveCombo::showPopup() {
+  if (count() < 2) return;
+  // Made for the first use: the start has no time for a style of its own.
+  if (!std::exchange(dropsBelow_, true)) {
+    auto* style = new BelowTheBox;
+    style->setParent(this);
+    setStyle(style);
+    setItemDelegate(new DriveRow(this));
+    view()->setFont(font());
+  }
+  QComboBox::showPopup();
 }
 
 void DriveCombo::focusInEvent(QFocusEvent* event) {
@@ -79,7 +128,8 @@ void DriveCombo::paintEvent(QPaintEvent*) {
                       Qt::RoundJoin));
   const QPointF tip(width() - kArrowRoom / 2.0, height() / 2.0 + 2);
   painter.drawPolyline(QPolygonF({tip + QPointF(-4, -4), tip, tip + QPointF(4, -4)}));
-  if (hasFocus()) theme::paintFocus(painter, rect());
+  const bool dropped = dropsBelow_ && view()->isVisible();
+  if (hasFocus() || dropped) theme::paintFocus(painter, rect());
 }
 
 }  // namespace nerolith::widgets

@@ -9,7 +9,8 @@
 namespace nerolith::widgets {
 
 /// The arrow drops the list of drives down; a press beside it only brings the focus, with which the
-/// player shows the folders of the drive. A press while the focus is here already brings it again,
+/// player shows the folders of the drive; so does the arrow where there is no other drive to go to.
+/// A press while the focus is here already brings it again,
 /// since the folders hide whenever the mouse leaves them.
 class DriveCombo : public QComboBox {
  public:
@@ -17,6 +18,9 @@ class DriveCombo : public QComboBox {
 
   QSize sizeHint() const override { return {170, 28}; }
   QSize minimumSizeHint() const override { return {90, 28}; }
+
+  /// Below the box, which stays as it is; nothing where there is nothing to choose.
+  void showPopup() override;
 
  protected:
   void paintEvent(QPaintEvent* event) override;
@@ -32,6 +36,7 @@ class DriveCombo : public QComboBox {
   std::vector<controls::DriveEntry> shown_;
   EchoGuard echo_;
   bool focusByPress_ = false;
+  bool dropsBelow_ = false;
 };
 
 }  // namespace nerolith::widgets

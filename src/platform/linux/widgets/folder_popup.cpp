@@ -19,6 +19,7 @@ namespace {
 constexpr int kStep = 14;
 constexpr int kRow = 24;
 constexpr int kRim = 6;
+constexpr int kShadow = 7;  // room around the frame
 constexpr QColor kGround{0x1c, 0x21, 0x26};
 constexpr int kDeepest = 12;  // steps that are drawn further in
 
@@ -130,7 +131,8 @@ class FolderPopup::Row : public QStyledItemDelegate {
 FolderPopup::FolderPopup(controls::DirListBox& folders, QWidget* parent)
     : QListView(parent), folders_(folders), rows_(new Rows(folders, this)) {
   setFont(theme::fontFor(controls::Look::SongList));
-  setFrameShape(QFrame::NoFrame);
+  setFrameStyle(QFrame::Box | QFrame::Plain);
+  setLineWidth(kShadow);
   setUniformItemSizes(true);
   setEditTriggers(NoEditTriggers);
   setTabKeyNavigation(false);
@@ -138,6 +140,7 @@ FolderPopup::FolderPopup(controls::DirListBox& folders, QWidget* parent)
   setVerticalScrollMode(ScrollPerPixel);
   setVerticalScrollBar(new SlimScrollBar(this));
   setViewportMargins(2, kRim, 2, kRim);
+  viewport()->setAutoFillBackground(false);
   setItemDelegate(new Row(*rows_, this));
   setModel(rows_);
   viewport()->setAttribute(Qt::WA_Hover);
@@ -150,15 +153,22 @@ std::string FolderPopup::pathAt(int row) const { return rows_->path(row); }
 int FolderPopup::rows() const { return rows_->rowCount(); }
 
 QSize FolderPopup::sizeHint() const {
-  return {420, rows() * std::max(kRow, sizeHintForRow(0)) + 2 * kRim};
+  return {420, rows() * std::max(kRow, sizeHintForRow(0)) + 2 * (kRim + kShadow)};
 }
 
 bool FolderPopup::event(QEvent* event) {
   if (event->type() == QEvent::Paint) {
     QPainter painter(this);
-    painter.fillRect(rect(), kGround);
-    painter.setPen(QColor(0x5a, 0x66, 0x72));
-    painter.drawRect(rect().adjusted(0, 0, -1, -1));
+    painter.setRenderHint(QPainter::Antialiasing);
+    const QRectF frame = QRectF(rect()).adjusted(kShadow, kShadow, -kShadow, -kShadow);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(QColor(0, 0, 0, 22));
+    for (int spread = 1; spread < kShadow; ++spread)
+      painter.drawRoundedRect(frame.adjusted(-spread, 1 - spread, spread, spread + 1),
+                              theme::kRound + spread, theme::kRound + spread);
+    painter.setPen(QColor(0x4a, 0x55, 0x60));
+    painter.setBrush(kGround);
+    painter.drawRoundedRect(frame.adjusted(0.5, 0.5, -0.5, -0.5), theme::kRound, theme::kRound);
     return true;
   }
   return QListView::event(event);

@@ -13,7 +13,7 @@ class FolderPopup : public QListView {
  public:
   FolderPopup(controls::DirListBox& folders, QWidget* parent);
 
-  /// As high as all its rows together.
+  /// As high as all its rows together. Its frame is the room of its shadow.
   QSize sizeHint() const override;
 
   /// What is shown in a row, and the full path that opening it leads to.

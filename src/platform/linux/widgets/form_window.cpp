@@ -1,16 +1,21 @@
 #include "platform/linux/widgets/form_window.h"
 
+#include <QAbstractItemView>
 #include <QCloseEvent>
 #include <QCursor>
+#include <QFrame>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QTimer>
 #include <algorithm>
+#include <utility>
 
 #include "platform/linux/widgets/glass_colour.h"
 #include "platform/linux/widgets/key_names.h"
 #include "platform/linux/widgets/layout_builder.h"
 #include "platform/linux/widgets/pop_up_menu.h"
+#include "platform/linux/widgets/product_icon.h"
 #include "platform/linux/widgets/quietly.h"
 #include "platform/linux/widgets/theme.h"
 
@@ -90,21 +95,52 @@ void FormWindow::bringForward() {
   activateWindow();
 }
 
-void FormWindow::popUp(const controls::MenuItem& menu) {
+/// Where a menu that a key opens belongs: below the current entry of a list, else below the
+/// control.
+QPoint FormWindow::placeOfFocus() const {
   const QWidget* here = focusWidget() ? focusWidget() : this;
-  const QPoint place =
-      lastInputWasKey_ ? here->mapToGlobal(QPoint(0, here->height())) : QCursor::pos();
+  const auto* list = dynamic_cast<const QAbstractItemView*>(here);
+  if (!list) return here->mapToGlobal(QPoint(0, here->height()));
+  const QRect entry = list->visualRect(list->currentIndex()) & list->viewport()->rect();
+  return list->viewport()->mapToGlobal(entry.isEmpty() ? QPoint(32, 8)
+                                                       : entry.bottomLeft() + QPoint(32, 0));
+}
+
+void FormWindow::popUp(const controls::MenuItem& menu) {
+  const QPoint place = lastInputWasKey_ ? placeOfFocus() : QCursor::pos();
   makePopUpMenu(menu, this)->popup(place);
+}
+
+/// Where an overlay may lie: over whatever comes below its anchor, and no further down.
+QRect FormWindow::roomBelow(const QWidget& anchor) const {
+  constexpr int kInset = 4;
+  const QPoint corner = anchor.mapTo(this, QPoint(0, anchor.height()));
+  const QWidget* below = nullptr;
+  for (const QWidget* child : findChildren<QWidget*>(Qt::FindDirectChildrenOnly)) {
+    const bool floats = std::any_of(floating_.begin(), floating_.end(),
+                                    [child](const Floating& f) { return f.widget == child; });
+    const QRect place = child->geometry();
+    if (floats || child->isWindow() || place.top() < corner.y()) continue;
+    if (place.left() > corner.x() || place.right() < corner.x()) continue;
+    if (!below || place.top() < below->y()) below = child;
+  }
+  const int right = (below ? below->geometry().right() : width() - 14) - kInset;
+  const int bottom = (below ? below->geometry().bottom() : height() - 14) - kInset;
+  return {QPoint(corner.x(), corner.y() + 3), QPoint(right, bottom)};
 }
 
 void FormWindow::placeOverlays() {
   for (const Floating& floating : floating_) {
     if (!floating.anchor || floating.widget->isHidden()) continue;
-    const QPoint corner = floating.anchor->mapTo(this, QPoint(0, floating.anchor->height()));
-    const int width = std::min(floating.overlay.width, this->width() - corner.x() - 14);
-    const int wanted = std::min(floating.overlay.height, floating.widget->sizeHint().height());
-    const int height = std::min(wanted, this->height() - corner.y() - 14);
-    floating.widget->setGeometry(corner.x(), corner.y(), width, std::max(height, 60));
+    const QRect room = roomBelow(*floating.anchor);
+    // What floats may cast a shadow, for which it has a frame.
+    const auto* framed = dynamic_cast<const QFrame*>(floating.widget);
+    const int shadow = framed ? framed->frameWidth() : 0;
+    const int content = floating.widget->sizeHint().height() - 2 * shadow;
+    const int height = std::min({floating.overlay.height, content, room.height()});
+    const QRect frame(room.topLeft(),
+                      QSize(std::min(floating.overlay.width, room.width()), std::max(height, 60)));
+    floating.widget->setGeometry(frame.adjusted(-shadow, -shadow, shadow, shadow));
     floating.widget->raise();
   }
 }
@@ -119,7 +155,23 @@ bool FormWindow::ownsOverlay(const QObject* watched) const {
 void FormWindow::tellKey(QObject* watched, QEvent* event) {
   // A key that a control did not take comes by again on its way up to the window.
   if (watched != (focusWidget() ? focusWidget() : this)) return;
-  form_.keyDown.raise(keyPressOf(*static_cast<QKeyEvent*>(event)));
+  const auto& key = *static_cast<QKeyEvent*>(event);
+  controls::KeyPress press = keyPressOf(key);
+  // The other way to the menu, on keyboards that have no key for it.
+  if (press.key == controls::Key::F10 && press.shift) press = {controls::Key::Menu};
+  form_.keyDown.raise(press);
+  if (key.key() == Qt::Key_Escape) hideOverlays();
+}
+
+/// Wherever the focus is: the folders come by themselves, so they must go as easily.
+void FormWindow::hideOverlays() {
+  for (const Floating& floating : floating_) {
+    if (floating.widget->isHidden()) continue;
+    if (floating.widget->hasFocus() && floating.anchor)
+      floating.anchor->setFocus(Qt::PopupFocusReason);
+    if (auto* const* folders = std::get_if<controls::DirListBox*>(&floating.overlay.control))
+      (*folders)->setVisible(false);
+  }
 }
 
 bool FormWindow::eventFilter(QObject* watched, QEvent* event) {
@@ -166,6 +218,8 @@ void FormWindow::resizeEvent(QResizeEvent* event) {
 }
 
 void FormWindow::paintEvent(QPaintEvent* event) {
+  if (!std::exchange(iconDrawn_, true))
+    QTimer::singleShot(0, this, [] { giveProductIcon(); });  // the window is seen first
   QPainter painter(this);
   painter.setClipRect(event->rect());
   if (picture_.isNull()) {

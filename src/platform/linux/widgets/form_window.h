@@ -38,8 +38,11 @@ class FormWindow : public QWidget {
   void followForm();
   void takePicture();
   void bringForward();
+  QPoint placeOfFocus() const;
   void popUp(const controls::MenuItem& menu);
   void placeOverlays();
+  void hideOverlays();
+  QRect roomBelow(const QWidget& anchor) const;
   void tellKey(QObject* watched, QEvent* event);
   bool ownsOverlay(const QObject* watched) const;
 
@@ -48,6 +51,7 @@ class FormWindow : public QWidget {
   std::vector<base::Subscription> subscriptions_;
   QImage picture_;  // looks at the form's pixels
   bool lastInputWasKey_ = false;
+  bool iconDrawn_ = false;
 };
 
 }  // namespace nerolith::widgets

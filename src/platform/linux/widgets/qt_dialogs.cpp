@@ -2,13 +2,12 @@
 
 #include <QApplication>
 #include <QFileDialog>
-#include <QMessageBox>
-#include <QPushButton>
+
+#include "platform/linux/widgets/message_dialog.h"
+#include "platform/linux/widgets/product_icon.h"
 
 namespace nerolith::widgets {
 namespace {
-
-using platform::Answer;
 
 /// "description|pattern" pairs become "description (pattern)" lines; Qt splits patterns at blanks.
 QStringList nameFilters(const std::string& filter) {
@@ -35,33 +34,13 @@ std::optional<std::string> ask(const platform::FileQuestion& question,
   return QFile::encodeName(dialog.selectedFiles().constFirst()).toStdString();
 }
 
-QMessageBox::Icon iconOf(platform::MessageIcon icon) {
-  switch (icon) {
-    case platform::MessageIcon::Information:
-      return QMessageBox::Information;
-    case platform::MessageIcon::Critical:
-      return QMessageBox::Critical;
-    default:
-      return QMessageBox::NoIcon;
-  }
-}
-
 }  // namespace
 
-Answer QtDialogs::showMessage(const platform::Message& message) {
-  QMessageBox box(iconOf(message.icon), QStringLiteral("Nerolith"),
-                  QString::fromStdString(message.text), QMessageBox::NoButton,
-                  QApplication::activeWindow());
-  box.setTextFormat(Qt::PlainText);
-  if (message.buttons == platform::MessageButtons::Ok) {
-    box.setStandardButtons(QMessageBox::Ok);
-    box.exec();
-    return Answer::Ok;
-  }
-  box.setStandardButtons(QMessageBox::Yes | QMessageBox::No);
-  box.setDefaultButton(message.preset == Answer::No ? QMessageBox::No : QMessageBox::Yes);
-  box.setEscapeButton(QMessageBox::No);
-  return box.exec() == QMessageBox::Yes ? Answer::Yes : Answer::No;
+platform::Answer QtDialogs::showMessage(const platform::Message& message) {
+  giveProductIcon();
+  MessageDialog dialog(message, QApplication::activeWindow());
+  dialog.exec();
+  return dialog.answer();
 }
 
 std::optional<std::string> QtDialogs::openFile(const platform::FileQuestion& question) {
