@@ -64,7 +64,7 @@ Box browser(MainForm& f) {
 
 Box foot(MainForm& f) {
   return row({leaf(&f.Label2, Look::Figure), words("selected", Look::Dim), space(0).sized(10, 0),
-              leaf(&f.Label3, Look::Figure), words("songs", Look::Dim),
+              leaf(&f.Label3, Look::Figure), leaf(&f.listWord, Look::Dim),
               leaf(&f.folderNotice, Look::Notice).stretched(1),
               words("Total selected playtime", Look::Dim), leaf(&f.Label4, Look::Figure)})
       .spaced(6, 0);
@@ -94,6 +94,7 @@ void setCaptions(MainForm& f) {
   f.Label1.setCaption("00:00");
   f.Label2.setCaption("0");
   f.Label3.setCaption("0");
+  f.listWord.setCaption("songs");
   f.Label4.setCaption("00:00");
 }
 
@@ -101,6 +102,7 @@ void setToolTips(MainForm& f) {
   f.Label1.setToolTip("Left mouse to invert. Right mouse to chance color");
   f.Label2.setToolTip("Select count");
   f.Label3.setToolTip("List count");
+  f.notice.setToolTip("Playing goes on at the same place as soon as sound can be heard again");
   f.Label4.setToolTip("Total selected playtime (dd:hh:mm:ss)");
   f.Command5.setToolTip("Refresh filelist, Clear randomlist");
   f.Drive1.setToolTip("drive/path");
@@ -128,6 +130,8 @@ MainForm::MainForm() {
   setCaptions(*this);
   setToolTips(*this);
   setAccessibleNames(*this);
+  listCounted_ = Label3.changed.subscribe(
+      [this] { listWord.setCaption(Label3.caption() == "1" ? "song" : "songs"); });
   File1.setPattern("*.mp?;*.wav;*wma;*.asf;*.mid;*.ai?");
   Dir1.setVisible(false);
   form.addTimer(Timer1);

@@ -41,6 +41,7 @@ struct MainForm {
   controls::Label mixIn;                         // time left to the mix
   controls::Label notice;                        // what is wrong with the sound, if anything is
   controls::Label folderNotice;                  // why a folder could not be shown
+  controls::Label listWord;                      // "songs", or "song" where the list has one
 
   controls::CommandButton Command1;  // start or resume the current deck
   controls::CommandButton Command2;  // stop
@@ -65,6 +66,9 @@ struct MainForm {
   controls::FileListBox File1;
 
   controls::Timer Timer1{std::chrono::milliseconds(100)};
+
+ private:
+  base::Subscription listCounted_;
 };
 
 }  // namespace nerolith::forms

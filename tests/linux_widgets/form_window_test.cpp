@@ -68,6 +68,56 @@ TEST_F(Window, NamesKeysAndModifiers) {
   EXPECT_EQ(pressed.key, controls::Key::F10);
 }
 
+TEST_F(Window, ShiftF10IsTheMenuKey) {
+  controls::KeyPress pressed;
+  auto keys = form.form.keyDown.subscribe([&](controls::KeyPress key) { pressed = key; });
+  auto& list = widget<SongListView>("Songs");
+  list.setFocus();
+  QTest::keyClick(&list, Qt::Key_F10, Qt::ShiftModifier);
+  EXPECT_EQ(pressed.key, controls::Key::Menu);
+}
+
+TEST_F(Window, MenuOpenedByAKeyLiesAtTheFocusedControl) {
+  controls::MenuItem menu, settings("Settings");
+  menu.setItems({&settings});
+  auto keys = form.form.keyDown.subscribe([&](controls::KeyPress) { form.form.popUpMenu(menu); });
+  auto& list = widget<SongListView>("Songs");
+  list.setFocus();
+  form.List1.setListIndex(2);
+  QTest::keyClick(&list, Qt::Key_F10, Qt::ShiftModifier);
+  auto* shown = findWidget<QMenu>(*window, [](const QMenu& m) { return m.isVisible(); });
+  ASSERT_NE(shown, nullptr);
+  const QRect lines(list.mapToGlobal(QPoint()), list.size());
+  EXPECT_TRUE(lines.contains(shown->pos())) << shown->y() << " of " << lines.bottom();
+  shown->close();
+}
+
+TEST_F(Window, SaysSongForOneAndSongsForAnyOtherNumber) {
+  EXPECT_EQ(form.listWord.caption(), "songs");
+  form.Label3.setCaption("1");
+  EXPECT_EQ(form.listWord.caption(), "song");
+  form.Label3.setCaption("21");
+  EXPECT_EQ(form.listWord.caption(), "songs");
+}
+
+TEST_F(Window, AnEmptyListSaysSo) {
+  auto& list = widget<SongListView>("Songs");
+  const auto inks = [&list] {
+    const QImage seen = list.viewport()->grab().toImage();
+    std::set<QRgb> colours;
+    for (int x = 0; x < seen.width(); ++x)
+      for (int y = -8; y < 8; ++y) colours.insert(seen.pixel(x, seen.height() / 2 + y));
+    return colours.size();
+  };
+  const auto beside = inks();
+  form.List1.setItems({});
+  EXPECT_GT(inks(), beside);
+}
+
+TEST_F(Window, TheProductsIconComesAfterTheFirstPicture) {
+  EXPECT_TRUE(QTest::qWaitFor([] { return !QApplication::windowIcon().isNull(); }, 2000));
+}
+
 TEST_F(Window, FocusAskedForByAControlArrives) {
   widget<DigitalDisplay>("Time").setFocus();
   heard.on(form.List1.gotFocus, "focus");

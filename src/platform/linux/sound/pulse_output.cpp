@@ -179,8 +179,8 @@ void PulseOutput::streamChanged() {
 }
 
 void PulseOutput::lose(const std::string& reason) {
-  sayTrouble("No sound: the sound server does not answer (" + reason +
-             "). Playing goes on when it is back.");
+  // As short as that, so that all of it is seen in the smallest window.
+  sayTrouble("No sound: no sound server (" + reason + ")");
   dropConnection();
   lookAgainIn(kLookEvery);
 }
@@ -262,7 +262,7 @@ void PulseOutput::look() {
   idleLooks_ = pulled_ == pulledAtLastLook_ ? idleLooks_ + 1 : 0;
   pulledAtLastLook_ = pulled_;
   if (idleLooks_ >= kPatientLooks) {
-    sayTrouble("No sound: the sound server takes no sound. Playing goes on when it does.");
+    sayTrouble("No sound: the sound server takes none");
   } else if (ready()) {
     sayTrouble({});
   }

@@ -89,10 +89,13 @@ void LabelView::paintEvent(QPaintEvent*) {
 }
 
 bool LabelView::event(QEvent* event) {
-  if (event->type() == QEvent::ToolTip && toolTip().isEmpty()) {
+  if (event->type() == QEvent::ToolTip) {
     const bool whole = fontMetrics().horizontalAdvance(shown()) <= width();
+    QStringList lines;
+    if (!whole) lines << words_.toHtmlEscaped();
+    if (!words_.isEmpty() && !toolTip().isEmpty()) lines << toolTip().toHtmlEscaped();
     const auto* help = static_cast<QHelpEvent*>(event);
-    QToolTip::showText(help->globalPos(), whole ? QString() : words_.toHtmlEscaped(), this);
+    QToolTip::showText(help->globalPos(), lines.join(QStringLiteral("<br>")), this);
     return true;
   }
   return QLabel::event(event);

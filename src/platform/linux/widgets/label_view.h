@@ -9,8 +9,8 @@
 namespace nerolith::widgets {
 
 /// Shows a label's caption, shortened with an ellipsis where the room does not suffice (the whole
-/// text is then the tooltip). A label without a model shows fixed words. A left click is the
-/// label's click. `onGlass` picks the ink.
+/// text is then part of the tooltip). A label without a model shows fixed words. A left click is
+/// the label's click. `onGlass` picks the ink.
 class LabelView : public QLabel {
  public:
   LabelView(controls::Label& label, controls::Look look, bool onGlass, QWidget* parent);

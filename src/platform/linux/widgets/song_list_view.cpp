@@ -39,6 +39,11 @@ SongListView::SongListView(controls::ListBox& list, QWidget* parent)
   followSelection();
 }
 
+void SongListView::setEmptyHint(const QString& words) {
+  emptyHint_ = words;
+  viewport()->update();
+}
+
 void SongListView::followItems() {
   const EchoGuard::Hold hold(echo_);
   model_->reload();
@@ -183,6 +188,11 @@ void SongListView::paintEvent(QPaintEvent* event) {
   {
     QPainter painter(viewport());
     painter.fillRect(event->rect(), theme::kWell);
+    if (list_.count() == 0 && !emptyHint_.isEmpty()) {
+      painter.setFont(theme::fontFor(controls::Look::SongList));
+      painter.setPen(theme::kFaintInk);
+      painter.drawText(viewport()->rect(), Qt::AlignCenter | Qt::TextWordWrap, emptyHint_);
+    }
   }
   QListView::paintEvent(event);
 }

@@ -20,6 +20,9 @@ class SongListView : public QListView {
 
   QSize sizeHint() const override { return {790, 286}; }
 
+  /// Shown quietly in the middle while the list has no entry.
+  void setEmptyHint(const QString& words);
+
  protected:
   bool event(QEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
@@ -45,6 +48,7 @@ class SongListView : public QListView {
   SongListModel* model_;
   std::vector<base::Subscription> subscriptions_;
   EchoGuard echo_;
+  QString emptyHint_;
   int anchor_ = 0;
   bool sweeping_ = false;
 };
