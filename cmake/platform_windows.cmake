@@ -10,7 +10,7 @@ nerolith_sources(form_sources platform/windows/forms)
 nerolith_layer(nerolith_windows_forms SOURCES ${form_sources}
                USES nerolith_core comctl32 ole32 uuid gdi32)
 if(form_sources)
-  target_compile_definitions(nerolith_windows_forms PRIVATE UNICODE NOMINMAX _WIN32_WINNT=0x0A00)
+  target_compile_definitions(nerolith_windows_forms PUBLIC UNICODE NOMINMAX _WIN32_WINNT=0x0A00)
 endif()
 
 set(program_main "${CMAKE_SOURCE_DIR}/src/platform/windows/main.cpp")

@@ -130,6 +130,8 @@ void ControlView::passMouse(UINT message) {
 }
 
 std::optional<LRESULT> ControlView::onMessage(UINT message, WPARAM first, LPARAM second) {
+  const bool button = message >= WM_LBUTTONDOWN && message <= WM_MBUTTONDBLCLK;
+  if (button && !enabled()) return 0;  // the system sends none; another program might
   passMouse(message);
   if (!handle()) return 0;
   if (message == WM_SETFOCUS) focusMoved(true, reinterpret_cast<HWND>(first));

@@ -3,6 +3,7 @@
 #include <windowsx.h>
 
 #include <algorithm>
+#include <utility>
 
 #include "platform/windows/forms/quietly.h"
 #include "platform/windows/forms/song_row.h"
@@ -87,8 +88,9 @@ void SongListView::paintOnPanel(Canvas& canvas, const Area& area) const {
 
 void SongListView::followItems() {
   const EchoGuard::Hold hold(echo_);
-  ListView_SetItemCountEx(handle(), list_.count(), LVSICF_NOSCROLL);
+  if (current_ >= 0) ListView_SetItemState(handle(), current_, 0, LVIS_FOCUSED);
   current_ = -1;
+  ListView_SetItemCountEx(handle(), list_.count(), LVSICF_NOSCROLL);
   followSelection();
   bar_->follow();
 }
@@ -97,8 +99,8 @@ void SongListView::followSelection() {
   const EchoGuard::Hold hold(echo_);
   const int row = list_.listIndex();
   if (row != current_) {
-    current_ = row;
-    ListView_SetItemState(handle(), -1, 0, LVIS_FOCUSED);
+    const int before = std::exchange(current_, row);
+    if (before >= 0) ListView_SetItemState(handle(), before, 0, LVIS_FOCUSED);
     if (row >= 0) {
       ListView_SetItemState(handle(), row, LVIS_FOCUSED, LVIS_FOCUSED);
       ListView_EnsureVisible(handle(), row, FALSE);
