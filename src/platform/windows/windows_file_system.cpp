@@ -47,12 +47,6 @@ std::string roamingFolder() {
   return "C:";  // never asked for on a sound system
 }
 
-DWORD attributesOf(const std::wstring& path, const std::string& named) {
-  const DWORD attributes = GetFileAttributesW(path.c_str());
-  if (attributes == INVALID_FILE_ATTRIBUTES) throwLastError(named);
-  return attributes;
-}
-
 }  // namespace
 
 WindowsFileSystem::WindowsFileSystem()
@@ -64,8 +58,12 @@ std::string WindowsFileSystem::tidy(const std::string& path) const {
   return tidyPath(path, current_);
 }
 
-std::wstring WindowsFileSystem::asked(const std::string& path) const {
-  return systemPath(tidy(path));
+DWORD WindowsFileSystem::attributesOf(const std::string& path) const {
+  return disk_.wait(path, [path, asked = systemPath(tidy(path))] {
+    const DWORD attributes = GetFileAttributesW(asked.c_str());
+    if (attributes == INVALID_FILE_ATTRIBUTES) throwLastError(path);
+    return attributes;
+  });
 }
 
 std::string WindowsFileSystem::programFolder() const {
@@ -80,13 +78,14 @@ std::string WindowsFileSystem::userDataFolder() const { return roamingFolder() +
 
 void WindowsFileSystem::setCurrentDirectory(const std::string& path) {
   const std::string folder = tidy(path);
-  if (!(attributesOf(systemPath(folder), folder) & FILE_ATTRIBUTE_DIRECTORY))
-    throwFailure(folder, ERROR_DIRECTORY);
+  if (!(attributesOf(folder) & FILE_ATTRIBUTE_DIRECTORY)) throwFailure(folder, ERROR_DIRECTORY);
   current_ = folder;
   currentFolders_[folder.substr(0, rootLength(folder))] = folder;
 }
 
-std::vector<controls::DriveEntry> WindowsFileSystem::drives() const { return listVolumes(); }
+std::vector<controls::DriveEntry> WindowsFileSystem::drives() const {
+  return disk_.wait("The drives", &listVolumes);
+}
 
 std::string WindowsFileSystem::driveOf(const std::string& path) const {
   const std::string target = tidy(path);
@@ -109,17 +108,17 @@ std::vector<std::string> WindowsFileSystem::ancestors(const std::string& path) c
 }
 
 std::vector<std::string> WindowsFileSystem::folders(const std::string& path) const {
-  return foldersIn(tidy(path));
+  return disk_.wait(path, [folder = tidy(path)] { return foldersIn(folder); });
 }
 
 std::vector<std::string> WindowsFileSystem::files(const std::string& path,
                                                   const std::string& patterns) const {
-  return filesIn(tidy(path), patterns);
+  return disk_.wait(path, [folder = tidy(path), patterns] { return filesIn(folder, patterns); });
 }
 
 bool WindowsFileSystem::fileExists(const std::string& path) const {
   try {
-    return !(attributesOf(asked(path), path) & (FILE_ATTRIBUTE_DIRECTORY | FILE_ATTRIBUTE_DEVICE));
+    return !(attributesOf(path) & (FILE_ATTRIBUTE_DIRECTORY | FILE_ATTRIBUTE_DEVICE));
   } catch (const platform::Failure&) {
     return false;
   }
@@ -127,26 +126,32 @@ bool WindowsFileSystem::fileExists(const std::string& path) const {
 
 bool WindowsFileSystem::folderExists(const std::string& path) const {
   try {
-    return (attributesOf(asked(path), path) & FILE_ATTRIBUTE_DIRECTORY) != 0;
+    return (attributesOf(path) & FILE_ATTRIBUTE_DIRECTORY) != 0;
   } catch (const platform::Failure&) {
     return false;
   }
 }
 
 double WindowsFileSystem::lastModified(const std::string& path) const {
-  WIN32_FILE_ATTRIBUTE_DATA data;
-  if (!GetFileAttributesExW(asked(path).c_str(), GetFileExInfoStandard, &data))
-    throwLastError(path);
-  const LocalMoment moment = localMoment(data.ftLastWriteTime);
+  const FILETIME changed = disk_.wait(path, [path, asked = systemPath(tidy(path))] {
+    WIN32_FILE_ATTRIBUTE_DATA data;
+    if (!GetFileAttributesExW(asked.c_str(), GetFileExInfoStandard, &data)) throwLastError(path);
+    return data.ftLastWriteTime;
+  });
+  const LocalMoment moment = localMoment(changed);
   return moment.day + moment.seconds / 86400;
 }
 
 void WindowsFileSystem::makePlainArchive(const std::string& path) {
-  if (!SetFileAttributesW(asked(path).c_str(), FILE_ATTRIBUTE_ARCHIVE)) throwLastError(path);
+  disk_.wait(path, [path, asked = systemPath(tidy(path))] {
+    if (!SetFileAttributesW(asked.c_str(), FILE_ATTRIBUTE_ARCHIVE)) throwLastError(path);
+  });
 }
 
 void WindowsFileSystem::deleteFile(const std::string& path) {
-  if (!DeleteFileW(asked(path).c_str())) throwLastError(path);
+  disk_.wait(path, [path, asked = systemPath(tidy(path))] {
+    if (!DeleteFileW(asked.c_str())) throwLastError(path);
+  });
 }
 
 }  // namespace nerolith::windows

@@ -5,13 +5,15 @@
 #include <string>
 #include <vector>
 
+#include "base/patient_caller.h"
 #include "platform/file_system.h"
 
 namespace nerolith::windows {
 
 /// Paths of any length, on drives ("C:\Music") and shares ("\\server\music"), with "/" taken as
-/// "\". A share lies on no drive. Failures carry the system's error number. Used on the
-/// user-interface thread.
+/// "\". A share lies on no drive. Failures carry the system's error number; calls that reach the
+/// disk give up after five seconds (an existence check then answers no). Used on the user-interface
+/// thread.
 ///
 /// The current folder is the player's own, starting with the process's: Windows would lock a
 /// process's current folder, and nobody could rename the folder shown or take out its disk.
@@ -46,8 +48,9 @@ class WindowsFileSystem : public platform::FileSystem {
 
  private:
   std::string tidy(const std::string& path) const;
-  std::wstring asked(const std::string& path) const;
+  unsigned long attributesOf(const std::string& path) const;
 
+  mutable base::PatientCaller disk_;
   std::string current_;
   std::map<std::string, std::string> currentFolders_;  // by drive root
 };
