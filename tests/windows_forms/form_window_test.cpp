@@ -35,6 +35,24 @@ TEST_F(FormWindowTest, AFaceHearsPressReleaseAndThenTheClick) {
   EXPECT_EQ(heard, "down up click ");
 }
 
+TEST_F(FormWindowTest, AClickedFaceLeavesTheKeyboardWithTheSongs) {
+  SetForegroundWindow(shown.window());
+  form.List1.setFocus();
+  shown.click(shown.child(L"BUTTON", L"&Stop"), 10, 10);
+  shown.click(shown.child(L"BUTTON", L"Random"), 5, 5);
+  EXPECT_EQ(GetFocus(), list());
+}
+
+TEST_F(FormWindowTest, AFaceLetGoOutsideIsNotClicked) {
+  hear(form.Label8[3].mouseUp, "up");
+  hear(form.Label8[3].click, "click");
+  const HWND stop = shown.child(L"BUTTON", L"&Stop");
+  PostMessageW(stop, WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(10, 10));
+  PostMessageW(stop, WM_LBUTTONUP, 0, MAKELPARAM(10, -20));
+  shown.settle();
+  EXPECT_EQ(heard, "up ");
+}
+
 TEST_F(FormWindowTest, ADisabledFaceHearsNothing) {
   hear(form.Label8[1].click, "click");
   form.Command3.setEnabled(false);

@@ -42,10 +42,11 @@ std::optional<LRESULT> KeyButton::onParentMessage(UINT message, WPARAM first, LP
   return TRUE;
 }
 
-std::optional<LRESULT> KeyButton::onOwnMessage(UINT message, WPARAM first, LPARAM second) {
-  // The second press of a quick pair is a press as well.
-  if (message == WM_LBUTTONDBLCLK) return passOn(WM_LBUTTONDOWN, first, second);
-  return std::nullopt;
+std::optional<LRESULT> KeyButton::onOwnMessage(UINT message, WPARAM, LPARAM second) {
+  const MousePress::Told told = press_.hear(handle(), message, second);
+  if (told == MousePress::Told::Nothing) return std::nullopt;
+  if (told == MousePress::Told::Clicked) quietly([this] { clicked(); });
+  return 0;
 }
 
 FaceButtonView::FaceButtonView(FormGround& ground, const controls::FaceButton& parts)

@@ -3,6 +3,7 @@
 
 #include "controls/layout.h"
 #include "platform/windows/forms/control_view.h"
+#include "platform/windows/forms/mouse_press.h"
 
 namespace nerolith::windows_forms {
 
@@ -24,6 +25,9 @@ class KeyButton : public ControlView {
   std::optional<LRESULT> onOwnMessage(UINT message, WPARAM first, LPARAM second) override;
   Theme::KeyState state() const;
   bool down() const { return (SendMessageW(handle(), BM_GETSTATE, 0, 0) & BST_PUSHED) != 0; }
+
+ private:
+  MousePress press_;
 };
 
 /// A large push button of the faceplate, with the lamp that glows in it. Caption, access key and

@@ -100,9 +100,10 @@ LRESULT SwitchView::passUnpainted(UINT message, WPARAM first, LPARAM second) {
 }
 
 std::optional<LRESULT> SwitchView::onOwnMessage(UINT message, WPARAM first, LPARAM second) {
+  const MousePress::Told told = press_.hear(handle(), message, second);
+  if (told == MousePress::Told::Clicked) quietly([this] { clicked(); });
+  if (told != MousePress::Told::Nothing) return 0;
   switch (message) {
-    case WM_LBUTTONDBLCLK:
-      return passOn(WM_LBUTTONDOWN, first, second);
     case BM_SETSTATE:
     case BM_SETCHECK:
     case WM_SETTEXT:

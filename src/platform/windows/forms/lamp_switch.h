@@ -3,6 +3,7 @@
 
 #include "controls/layout.h"
 #include "platform/windows/forms/control_view.h"
+#include "platform/windows/forms/mouse_press.h"
 
 namespace nerolith::windows_forms {
 
@@ -44,6 +45,8 @@ class SwitchView : public ControlView {
 
  private:
   LRESULT passUnpainted(UINT message, WPARAM first, LPARAM second);
+
+  MousePress press_;
 };
 
 /// A switch of the display.
