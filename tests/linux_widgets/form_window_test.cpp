@@ -171,6 +171,7 @@ TEST_F(Window, PopsUpAMenuThatIsMadeForTheMoment) {
   EXPECT_TRUE(shown->actions()[1]->isSeparator());
   EXPECT_FALSE(shown->actions()[2]->menu()->actions()[0]->isEnabled());
   shown->actions()[0]->trigger();
+  QApplication::processEvents();  // it acts once the menu has closed
   EXPECT_EQ(heard.all(), "settings");
   shown->close();
 }

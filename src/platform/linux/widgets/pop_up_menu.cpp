@@ -8,7 +8,9 @@
 namespace nerolith::widgets {
 namespace {
 
-void fill(QMenu& menu, const controls::MenuItem& items) {
+// An item acts once the menu's own event is over: it may let waiting events run, and those delete
+// the closed menu.
+void fill(QMenu& menu, const controls::MenuItem& items, const QObject& window) {
   menu.setFont(theme::fontFor(controls::Look::Plain));
   for (controls::MenuItem* item : items.items()) {
     const QString caption = QString::fromStdString(item->caption());
@@ -18,13 +20,14 @@ void fill(QMenu& menu, const controls::MenuItem& items) {
       QMenu* inner = menu.addMenu(caption);
       inner->setEnabled(item->enabled());
       inner->menuAction()->setVisible(item->visible());
-      fill(*inner, *item);
+      fill(*inner, *item, window);
     } else {
       QAction* action = menu.addAction(caption);
       action->setEnabled(item->enabled());
       action->setVisible(item->visible());
-      QObject::connect(action, &QAction::triggered, &menu,
-                       [item] { quietly([item] { item->userClick(); }); });
+      QObject::connect(
+          action, &QAction::triggered, &window, [item] { quietly([item] { item->userClick(); }); },
+          Qt::QueuedConnection);
     }
   }
 }
@@ -38,7 +41,7 @@ QMenu* makePopUpMenu(const controls::MenuItem& menu, QWidget* parent) {
   raised.setColor(QPalette::Base, QColor(0x2b, 0x31, 0x38));
   popUp->setPalette(raised);
   popUp->setAttribute(Qt::WA_DeleteOnClose);
-  fill(*popUp, menu);
+  fill(*popUp, menu, *parent);
   return popUp;
 }
 
