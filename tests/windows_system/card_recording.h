@@ -5,8 +5,9 @@
 // After windows.h, which it needs.
 #include <mmsystem.h>
 
-#include <cmath>
+#include <algorithm>
 #include <cstdint>
+#include <cstdlib>
 #include <stdexcept>
 #include <vector>
 
@@ -48,13 +49,14 @@ class CardRecording {
   WAVEHDR header_{};
 };
 
-/// The level of the samples from one second to another, as a part of full scale.
-inline double levelBetween(const std::vector<std::int16_t>& samples, double from, double to) {
-  double sum = 0, count = 0;
+/// The highest sample from one second to another, as a part of full scale. A gap, as a busy machine
+/// makes now and then, does not change it.
+inline double peakBetween(const std::vector<std::int16_t>& samples, double from, double to) {
+  int peak = 0;
   for (auto i = static_cast<std::size_t>(from * CardRecording::kRate);
-       i < samples.size() && i < static_cast<std::size_t>(to * CardRecording::kRate); ++i, ++count)
-    sum += static_cast<double>(samples[i]) * samples[i];
-  return count == 0 ? 0 : std::sqrt(sum / count) / 32768;
+       i < samples.size() && i < static_cast<std::size_t>(to * CardRecording::kRate); ++i)
+    peak = std::max(peak, std::abs(static_cast<int>(samples[i])));
+  return peak / 32768.0;
 }
 
 /// The second at which the first sound is heard; -1: none.
