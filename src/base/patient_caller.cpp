@@ -3,6 +3,7 @@
 #include <cerrno>
 #include <condition_variable>
 #include <mutex>
+#include <system_error>
 
 #include "base/failure.h"
 
@@ -43,7 +44,12 @@ PatientCaller::~PatientCaller() {
 void PatientCaller::submit(std::function<void()> job) {
   if (!desk_) {
     desk_ = std::make_shared<Desk>();
-    thread_ = std::thread([desk = desk_] { desk->serve(); });
+    try {
+      thread_ = std::thread([desk = desk_] { desk->serve(); });
+    } catch (const std::system_error& error) {
+      desk_.reset();
+      throw Failure("The system has no thread to spare.", error.code().value());
+    }
   }
   const std::lock_guard lock(desk_->mutex);
   desk_->job = std::move(job);

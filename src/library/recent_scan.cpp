@@ -1,8 +1,9 @@
 #include "library/recent_scan.h"
 
 #include <algorithm>
+#include <system_error>
 
-#include "base/failure_policy.h"
+#include "base/failure.h"
 
 namespace nerolith::library {
 
@@ -12,11 +13,15 @@ bool RecentScan::due() const {
          scannedDays_ != live_.recentDays;
 }
 
-bool RecentScan::isRecent(const std::string& path, double limit) const {
-  bool recent = false;
-  // Single precision (steps of some minutes) is what the age limit has always been compared in.
-  base::goOn([&] { recent = limit < double{static_cast<float>(files_.lastModified(path))}; });
-  return recent;
+RecentScan::Age RecentScan::ageOf(const std::string& path, double limit) const {
+  try {
+    // Single precision (steps of some minutes) is what the age limit has always been compared in.
+    const double modified = static_cast<float>(files_.lastModified(path));
+    return limit < modified ? Age::Recent : Age::Old;
+  } catch (const base::Failure& failure) {
+    const bool noAnswer = failure.code() == static_cast<int>(std::errc::timed_out);
+    return noAnswer ? Age::NoAnswer : Age::Old;
+  }
 }
 
 void RecentScan::scan() {
@@ -31,9 +36,11 @@ void RecentScan::scan() {
   const double limit = clock_.today() - live_.recentDays;
   const auto& entries = songs_.list1().items();
   for (int i = 0; i < count; ++i) {
-    const bool recent = isRecent(songs_.pathOf(entries[static_cast<std::size_t>(i)]), limit);
-    songs_.setRecent(i, recent);
-    if (recent) songs_.anyRecent = true;
+    const Age age = ageOf(songs_.pathOf(entries[static_cast<std::size_t>(i)]), limit);
+    // Each further file of a dead share would cost its seconds again.
+    if (age == Age::NoAnswer) break;
+    songs_.setRecent(i, age == Age::Recent);
+    if (age == Age::Recent) songs_.anyRecent = true;
   }
 }
 

@@ -24,7 +24,8 @@ class RecentScan {
   bool due() const;
 
   /// Scans now; never fails. Hides the list meanwhile, and in playlist mode empties the folder
-  /// prefix. A file that cannot be read is not recent. Entries above position 10000 have no mark:
+  /// prefix. A file that cannot be read is not recent; one
+  /// whose disk does not answer ends the scan. Entries above position 10000 have no mark:
   /// the scan ends before them. The list's current position stays what it was: the walk shows
   /// nothing, and the draw that follows sets a position of its own or none.
   void scan();
@@ -34,7 +35,8 @@ class RecentScan {
   }
 
  private:
-  bool isRecent(const std::string& path, double limit) const;
+  enum class Age { Old, Recent, NoAnswer };
+  Age ageOf(const std::string& path, double limit) const;
 
   SongList& songs_;
   platform::FileSystem& files_;

@@ -1,6 +1,7 @@
 // The arithmetic of the mix: values in, a plan out.
 #pragma once
 
+#include <algorithm>
 #include <cstdint>
 #include <string>
 
@@ -12,8 +13,10 @@ namespace nerolith::player {
 inline constexpr std::int32_t kReleaseLevel = -5000;
 
 /// How far one tick lowers a fading deck: ten ticks a second, and one more so that the divisor
-/// never is zero.
-inline double fadeStep(float fadeSteps) { return 5000.0 / (double{fadeSteps} * 10.0 + 1.0); }
+/// never is zero. A length below 0, which only a damaged setting can be, counts as 0.
+inline double fadeStep(float fadeSteps) {
+  return 5000.0 / (std::max(0.0, double{fadeSteps}) * 10.0 + 1.0);
+}
 
 /// The next volume of a fading deck. Rounding loses the fraction of every step, which is why a fade
 /// takes one tick more than its length says.

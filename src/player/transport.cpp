@@ -1,5 +1,6 @@
 #include "player/transport.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "base/failure_policy.h"
@@ -191,7 +192,9 @@ void Transport::sliderChanged() {
   if (!base::isSet(state_.sliderIdle)) return;
   if (base::isSet(decks_.a.mixLatch) || base::isSet(decks_.b.mixLatch)) return;
   base::goOn([this] {
-    if (Deck* deck = decks_.current()) deck->seek(form_.HScroll1.value());
+    // The slider's whole seconds may round up past the end.
+    if (Deck* deck = decks_.current())
+      deck->seek(std::min<double>(form_.HScroll1.value(), deck->duration));
   });
 }
 

@@ -1,7 +1,9 @@
 #include "library/recent_scan.h"
 
 #include <chrono>
+#include <system_error>
 
+#include "base/failure.h"
 #include "controls/event_count.h"
 #include "library/browser_window.h"
 
@@ -174,6 +176,26 @@ TEST_F(Recent, AnAgeLimitAtTheEndOfItsRangeIsALimitToo) {
   live.recentDays = -32768;
   scan.scan();
   EXPECT_FALSE(songs.anyRecent);
+}
+
+/// A share whose server has gone: every file costs its whole patience.
+class DeadShare : public platform::simulated::SimulatedFiles {
+ public:
+  using SimulatedFiles::SimulatedFiles;
+  double lastModified(const std::string&) const override {
+    ++asked;
+    throw base::Failure("the share does not answer", static_cast<int>(std::errc::timed_out));
+  }
+  mutable int asked = 0;
+};
+
+TEST_F(Recent, AShareThatDoesNotAnswerIsAskedOnce) {
+  DeadShare share('\\', machine.doorway);
+  RecentScan scanOfShare{songs, share, machine.clock, live};
+  scanOfShare.scan();
+  EXPECT_EQ(share.asked, 1);
+  EXPECT_FALSE(songs.anyRecent);
+  EXPECT_FALSE(scanOfShare.due());
 }
 
 }  // namespace

@@ -93,5 +93,11 @@ TEST(DeckLevel, IsLinearInDecibels) {
   EXPECT_FLOAT_EQ(levelPercent(-5096), 0);
 }
 
+TEST(Crossfade, ALengthBelowZeroEndsTheOldSongAtOnce) {
+  EXPECT_LT(fadedVolume(0, -1), kReleaseLevel + 1);
+  EXPECT_LT(fadedVolume(-98, -1e9F), kReleaseLevel);
+  EXPECT_EQ(fadeStep(-3), fadeStep(0));
+}
+
 }  // namespace
 }  // namespace nerolith::player

@@ -302,5 +302,16 @@ TEST(Transport, ASeekThatFailsIsIgnored) {
   EXPECT_EQ(rig.player.state().sliderDragging, base::kFalse);
 }
 
+TEST(Transport, TheThumbAtTheRoundedEndSeeksToTheEnd) {
+  PlayerRig rig;
+  rig.fill({100.6});
+  rig.single();
+  rig.start(0);
+  rig.ticks(10);
+  ASSERT_EQ(rig.form.HScroll1.max(), 101);
+  rig.form.HScroll1.userMove(101);
+  EXPECT_DOUBLE_EQ(rig.graph('B').position() + rig.graph('A').position(), 100.6);
+}
+
 }  // namespace
 }  // namespace nerolith::player

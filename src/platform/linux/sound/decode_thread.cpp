@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <exception>
+#include <system_error>
 #include <utility>
 
 #include "platform/failure.h"
@@ -77,11 +78,17 @@ DecodeThread::DecodeThread(RetiredThreads& retired, SourceOpener open, std::stri
       ended_(std::make_shared<std::atomic<bool>>(false)) {
   std::promise<std::int64_t> ready;
   ready_ = ready.get_future();
-  thread_ = std::thread([feed = feed_, ended = ended_, open = std::move(open), path = path_,
-                         promise = std::move(ready)]() mutable {
-    decode(*feed, open, path, std::move(promise));
-    ended->store(true, std::memory_order_release);
-  });
+  try {
+    thread_ = std::thread([feed = feed_, ended = ended_, open = std::move(open), path = path_,
+                           promise = std::move(ready)]() mutable {
+      decode(*feed, open, path, std::move(promise));
+      ended->store(true, std::memory_order_release);
+    });
+  } catch (const std::system_error& error) {
+    throw platform::Failure(
+        "Cannot play " + quotedName(path_) + ": the system has no thread to spare.",
+        error.code().value());
+  }
 }
 
 DecodeThread::~DecodeThread() {

@@ -134,8 +134,6 @@ void SongListView::keyPressEvent(QKeyEvent* event) {
       list_.selectAll();
     } else if (event->key() == Qt::Key_Space && control) {
       if (now >= 0) toggle(anchor_ = now);
-    } else if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
-      list_.userActivate(now);
     } else if (!event->text().isEmpty() && !command && event->text().at(0).isPrint()) {
       const QChar typed = event->text().at(0);
       list_.keyPress.raise(typed.unicode());
