@@ -48,6 +48,25 @@ class OnServer : public testing::Test {
     return graph;
   }
 
+  /// For what a stall of the machine spoils: `play` plays and records, `judge` is given what it
+  /// returns. A run with an under-run is repeated and counted; three spoilt ones are a failure.
+  template <class Play, class Judge>
+  void onQuietMachine(Play play, Judge judge) {
+    constexpr int kRuns = 3;
+    for (int spoilt = 0; spoilt < kRuns; ++spoilt) {
+      const auto before = engine.counters().underRuns;
+      const auto heard = play();
+      if (HasFatalFailure()) return;
+      if (engine.counters().underRuns == before) {
+        RecordProperty("spoiltRuns", spoilt);
+        judge(heard);
+        return;
+      }
+      std::cout << "    the machine stood still: run repeated\n";
+    }
+    FAIL() << "The machine stood still in " << kRuns << " runs.";
+  }
+
   std::unique_ptr<PrivateSoundServer> server;
   sound::SoundEngine engine;
 };
@@ -64,18 +83,22 @@ bool silentFor(const Frames& frames, std::size_t count) {
 }
 
 TEST_F(OnServer, EveryFrameArrivesAtTheCardOnce) {
-  const CardRecording card;
-  const auto graph = rendered(numbered(4));
-  graph->run();
-  ASSERT_TRUE(within(8, [&] { return graph->currentPosition() == graph->duration(); }));
-  ASSERT_TRUE(card.waitFor([](const Frames& frames) { return silentFor(frames, 4410); }));
-  const Frames frames = card.frames();
-  const std::size_t start = firstSound(frames);
-  ASSERT_GE(frames.size(), start + 4 * 44100);
-  if (engine.counters().underRuns > 0) GTEST_SKIP() << "the machine stood still";
-  for (std::size_t i = 0; i < 4 * 44100; ++i) {
-    ASSERT_EQ(numberOf(frames[start + i]), static_cast<std::int64_t>(i));
-  }
+  onQuietMachine(
+      [this] {
+        const CardRecording card;
+        const auto graph = rendered(numbered(4));
+        graph->run();
+        EXPECT_TRUE(within(8, [&] { return graph->currentPosition() == graph->duration(); }));
+        EXPECT_TRUE(card.waitFor([](const Frames& frames) { return silentFor(frames, 4410); }));
+        return card.frames();
+      },
+      [](const Frames& frames) {
+        const std::size_t start = firstSound(frames);
+        ASSERT_GE(frames.size(), start + 4 * 44100);
+        for (std::size_t i = 0; i < 4 * 44100; ++i) {
+          ASSERT_EQ(numberOf(frames[start + i]), static_cast<std::int64_t>(i));
+        }
+      });
 }
 
 TEST_F(OnServer, PositionTellsWhatIsHeard) {
@@ -124,47 +147,69 @@ TEST_F(OnServer, VolumeStepIsHeardWithinATenthOfASecond) {
 }
 
 TEST_F(OnServer, VolumeStepsMakeNoClick) {
-  const CardRecording card;
-  const auto graph = rendered(Frames(20 * 44100, Frame{0.5F, 0.5F}));
-  graph->run();
-  pass(0.3);
-  const std::size_t from = card.size();
-  for (int step = 1; step <= 10; ++step) {
-    pass(0.1);
-    graph->setVolume(-step * 98);
-  }
-  pass(0.2);
-  const Frames frames = card.frames();
-  float jump = 0;
-  for (std::size_t i = from; i < frames.size(); ++i) {
-    jump = std::max(jump, std::abs(frames[i].left - frames[i - 1].left));
-  }
-  if (engine.counters().underRuns > 0) GTEST_SKIP() << "the machine stood still";
-  EXPECT_LT(jump, 0.001F);
+  onQuietMachine(
+      [this] {
+        const CardRecording card;
+        const auto graph = rendered(Frames(20 * 44100, Frame{0.5F, 0.5F}));
+        graph->run();
+        pass(0.3);
+        const std::size_t from = card.size();
+        for (int step = 1; step <= 10; ++step) {
+          pass(0.1);
+          graph->setVolume(-step * 98);
+        }
+        pass(0.2);
+        const Frames frames = card.frames();
+        return Frames(frames.begin() + static_cast<std::ptrdiff_t>(from), frames.end());
+      },
+      [](const Frames& frames) {
+        ASSERT_GT(frames.size(), 44100U);
+        float jump = 0;
+        for (std::size_t i = 1; i < frames.size(); ++i) {
+          jump = std::max(jump, std::abs(frames[i].left - frames[i - 1].left));
+        }
+        EXPECT_LT(jump, 0.001F);
+      });
 }
 
+struct PausedSong {
+  Frames frames;
+  std::size_t between = 0;  // a silent frame of the pause
+  std::int64_t frozen = 0;  // the position then, in frames
+};
+
 TEST_F(OnServer, PauseAndResumeLoseAndRepeatNothing) {
-  const CardRecording card;
-  const auto graph = rendered(numbered(20));
-  graph->run();
-  pass(0.7);
-  graph->pause();
-  const auto frozen = std::lround(graph->currentPosition() * sound::kSampleRate);
-  ASSERT_TRUE(card.waitFor([](const Frames& frames) { return silentFor(frames, 22050); }));
-  EXPECT_EQ(std::lround(graph->currentPosition() * sound::kSampleRate), frozen);
-  const std::size_t between = card.size();
-  graph->run();
-  ASSERT_TRUE(card.waitFor(
-      [&](const Frames& frames) { return firstSound(frames, between) + 4410 < frames.size(); }));
-  if (engine.counters().underRuns > 0) GTEST_SKIP() << "the machine stood still";
-  const Frames frames = card.frames();
-  std::size_t last = between;
-  while (numberOf(frames[last]) < 0) --last;
-  std::size_t first = between;
-  while (numberOf(frames[first]) < 0) ++first;
-  // The frame of each fade that is at full level tells its number too.
-  EXPECT_NEAR(numberOf(frames[last]), frozen - sound::kEdgeRampFrames, 1);
-  EXPECT_NEAR(numberOf(frames[first]), frozen + sound::kEdgeRampFrames, 1);
+  onQuietMachine(
+      [this] {
+        PausedSong song;
+        const CardRecording card;
+        const auto graph = rendered(numbered(20));
+        graph->run();
+        pass(0.7);
+        graph->pause();
+        const auto position = [&] {
+          return std::lround(graph->currentPosition() * sound::kSampleRate);
+        };
+        song.frozen = position();
+        EXPECT_TRUE(card.waitFor([](const Frames& frames) { return silentFor(frames, 22050); }));
+        EXPECT_EQ(position(), song.frozen);
+        song.between = card.size();
+        graph->run();
+        EXPECT_TRUE(card.waitFor([&](const Frames& frames) {
+          return firstSound(frames, song.between) + 4410 < frames.size();
+        }));
+        song.frames = card.frames();
+        return song;
+      },
+      [](const PausedSong& song) {
+        std::size_t last = song.between;
+        while (numberOf(song.frames[last]) < 0) --last;
+        std::size_t first = song.between;
+        while (numberOf(song.frames[first]) < 0) ++first;
+        // The frame of each fade that is at full level tells its number too.
+        EXPECT_NEAR(numberOf(song.frames[last]), song.frozen - sound::kEdgeRampFrames, 1);
+        EXPECT_NEAR(numberOf(song.frames[first]), song.frozen + sound::kEdgeRampFrames, 1);
+      });
 }
 
 TEST_F(OnServer, StopIsSilentWithinAFifthOfASecond) {
