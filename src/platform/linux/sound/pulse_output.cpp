@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "platform/linux/sound/urgent_thread.h"
+
 namespace nerolith::sound {
 namespace {
 
@@ -109,6 +111,8 @@ void PulseOutput::connect() {
 void PulseOutput::contextChanged() {
   switch (pa_context_get_state(context_)) {
     case PA_CONTEXT_READY:
+      // Told on the thread that will hand out the sound.
+      makeThisThreadUrgent();
       openStream();
       break;
     case PA_CONTEXT_FAILED:
