@@ -1,6 +1,5 @@
 #include "platform/linux/sound/urgent_thread.h"
 
-#include <pthread.h>
 #include <sched.h>
 #include <sys/resource.h>
 
@@ -13,11 +12,13 @@ constexpr int kNiceLevel = -11;
 
 }  // namespace
 
+// 0 is the calling thread throughout: on Linux class and nice level belong to a thread.
 void makeThisThreadUrgent() {
   sched_param wish{};
   wish.sched_priority = kRoundRobinPriority;
-  if (::pthread_setschedparam(::pthread_self(), SCHED_RR | SCHED_RESET_ON_FORK, &wish) == 0) return;
-  // 0 is the calling thread: on Linux a nice level belongs to a thread.
+  if (::sched_setscheduler(0, SCHED_RR | SCHED_RESET_ON_FORK, &wish) == 0) return;
+  wish.sched_priority = 0;
+  ::sched_setscheduler(0, SCHED_OTHER | SCHED_RESET_ON_FORK, &wish);
   ::setpriority(PRIO_PROCESS, 0, kNiceLevel);
 }
 
