@@ -1,7 +1,6 @@
 #include "platform/linux/sound/urgent_thread.h"
 
 #include <gtest/gtest.h>
-#include <pthread.h>
 #include <sched.h>
 #include <sys/resource.h>
 
@@ -19,8 +18,7 @@ struct Urgency {
 
 Urgency ofThisThread() {
   Urgency urgency;
-  sched_param unused{};
-  ::pthread_getschedparam(::pthread_self(), &urgency.policy, &unused);
+  urgency.policy = ::sched_getscheduler(0);
   urgency.nice = ::getpriority(PRIO_PROCESS, 0);
   return urgency;
 }
