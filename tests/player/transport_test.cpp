@@ -78,6 +78,21 @@ TEST(Transport, APlaylistEntryIsAPathOfItsOwn) {
   EXPECT_EQ(rig.player.state().songPath, "C:\\far\\away.b\\no ending");
 }
 
+TEST(Transport, TheSameTextIsAPathInAPlaylistAndANameInAFolder) {
+  PlayerRig rig;
+  rig.single();
+  rig.machine.files.addFile("C:\\m\\same.mp3", {.duration = 60});
+  rig.songs.setMode(library::ListMode::Playlist);
+  rig.songs.refill({"same.mp3"});
+  rig.start(0);
+  EXPECT_EQ(rig.player.state().songPath, "same.mp3");
+  rig.songs.setMode(library::ListMode::Folder);
+  rig.songs.refill({"same.mp3"});
+  rig.start(0);
+  EXPECT_EQ(rig.player.state().songPath, "C:\\m\\same.mp3");
+  EXPECT_EQ(rig.currentSong(), "same.mp3");
+}
+
 TEST(Transport, AStartAfterRandomRanOutClearsThePlayedTags) {
   PlayerRig rig;
   rig.fillEqual(3, 180);
