@@ -6,7 +6,6 @@
 #include <string>
 #include <vector>
 
-#include "app/absent_neighbours.h"
 #include "app/program.h"
 #include "platform/simulated/simulated_machine.h"
 #include "player/random_choice.h"
@@ -49,10 +48,7 @@ void dayOfRandomOverTenThousandSongs(benchmark::State& state) {
     for (int i = 0; i < 10000; ++i)
       machine.files.addFile("C:\\Music\\song " + std::to_string(i) + ".mp3",
                             {.duration = 150.0 + i % 120});
-    app::NoPlaylists playlists;
-    app::NoNotificationIcon icon;
-    player::NoRecording recording;
-    app::Program program(machine.doors(), playlists, icon, recording);
+    app::Program program(machine.doors());
     state.ResumeTiming();
     program.start(",3");
     machine.advance(24h);
@@ -70,10 +66,7 @@ BENCHMARK(dayOfRandomOverTenThousandSongs)->Unit(benchmark::kMillisecond)->Itera
 void tickWithHundredThousandEntries(benchmark::State& state) {
   platform::simulated::SimulatedMachine machine;
   machine.recordTrace(false);
-  app::NoPlaylists playlists;
-  app::NoNotificationIcon icon;
-  player::NoRecording recording;
-  app::Program program(machine.doors(), playlists, icon, recording);
+  app::Program program(machine.doors());
   program.start(",1");
   machine.advance(1s);
   program.mainForm().List1.setItems(std::vector<std::string>(100000, "song.mp3"));

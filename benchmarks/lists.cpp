@@ -12,7 +12,6 @@
 #include <string>
 #include <vector>
 
-#include "app/absent_neighbours.h"
 #include "app/program.h"
 #include "platform/linux/system/posix_file_system.h"
 #include "platform/linux/widgets/form_window.h"
@@ -29,7 +28,7 @@ constexpr int kTries = 7;
 
 /// The real window and the real disk; decks, clock and settings are not what is measured.
 struct Window {
-  Window() : program(doors(), playlists, icon, recording) {
+  Window() : program(doors()) {
     simulated.recordTrace(false);
     program.start(",1");
     simulated.advance(std::chrono::seconds(1));
@@ -49,9 +48,6 @@ struct Window {
   platform::simulated::SimulatedMachine simulated{'/'};
   system::PosixFileSystem files;
   widgets::QtWindowHost windows;
-  app::NoPlaylists playlists;
-  app::NoNotificationIcon icon;
-  player::NoRecording recording;
   app::Program program;
 };
 

@@ -102,7 +102,7 @@ def all_files(root):
     """Paths of the text files below root, relative to it, with forward slashes."""
     for folder, folders, names in os.walk(root):
         folders[:] = sorted(name for name in folders if name not in SKIPPED_FOLDERS)
-        for name in sorted(names):
+        for name in sorted(set(names) - SKIPPED_FOLDERS):  # .git is a file in a linked checkout
             if os.path.splitext(name)[1].lower() in TEXT:
                 yield os.path.relpath(os.path.join(folder, name), root).replace(os.sep, "/")
 

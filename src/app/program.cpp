@@ -9,11 +9,16 @@ library::BrowserControls browserControls(forms::MainForm& form) {
   return {form.form, form.Drive1, form.Dir1, form.File1, form.Command5, form.Label9};
 }
 
+template <typename Part>
+Part& chosen(Part* standIn, Part& own) {
+  return standIn ? *standIn : own;
+}
+
 }  // namespace
 
-Program::Program(const platform::Machine& machine, PlaylistActions& playlists,
-                 NotificationIcon& icon, player::RecordingLink& recording)
+Program::Program(const platform::Machine& machine, const StandIns& standIns)
     : machine_(machine),
+      standIns_(standIns),
       stored_(machine.settings, live_),
       songs_(form_.List1, form_.Text1, form_.Text2),
       browser_(
@@ -21,17 +26,21 @@ Program::Program(const platform::Machine& machine, PlaylistActions& playlists,
           [this](const std::string& fallback) { return stored_.readPath(fallback); },
           [this](std::string text) { form_.folderNotice.setCaption(std::move(text)); }),
       recentScan_(songs_, machine.files, machine.clock, live_),
-      player_(form_, songs_, live_, recording,
+      player_(form_, songs_, live_, chosen<player::RecordingLink>(standIns_.recording, recording_),
               {machine.graphs, machine.dialogs, machine.events, machine.files.separator(),
                [this] { recentScan_.scanIfDue(); }}),
       listWork_(machine, form_, menu_, songs_, live_, stored_),
-      mainWindow_(form_, menu_, {playlists, listWork_, icon}, [this] { player_.list1_DblClick(); }),
-      startUp_(machine,
-               {form_, live_, stored_, songs_, browser_, player_, {playlists, listWork_, icon}}),
-      shutDown_(stored_, browser_, {playlists, listWork_, icon}) {
+      mainWindow_(form_, menu_, neighbours(), [this] { player_.list1_DblClick(); }),
+      startUp_(machine, {form_, live_, stored_, songs_, browser_, player_, neighbours()}),
+      shutDown_(stored_, browser_, neighbours()) {
   form_.Command7.setEnabled(menu_.showWhatWorks());
   unload_ = form_.form.unload.subscribe([this] { unload(); });
   machine_.windows.add(form_.form);
+}
+
+Neighbours Program::neighbours() {
+  return {chosen<PlaylistActions>(standIns_.playlists, playlists_), listWork_,
+          chosen<NotificationIcon>(standIns_.icon, icon_)};
 }
 
 Program::~Program() { machine_.windows.remove(form_.form); }

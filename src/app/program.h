@@ -3,6 +3,7 @@
 
 #include <string>
 
+#include "app/absent_neighbours.h"
 #include "app/list_work.h"
 #include "app/main_window.h"
 #include "app/neighbours.h"
@@ -20,12 +21,18 @@
 
 namespace nerolith::app {
 
+/// Parts that stand in for the program's own; tests hand over ones that write down what was asked.
+struct StandIns {
+  PlaylistActions* playlists = nullptr;
+  NotificationIcon* icon = nullptr;
+  player::RecordingLink* recording = nullptr;
+};
+
 /// Made once per run, on the user-interface thread; all that it is handed outlives it.
 /// start -> the user works -> the main form's unload saves the run and ends the event queue.
 class Program {
  public:
-  Program(const platform::Machine& machine, PlaylistActions& playlists, NotificationIcon& icon,
-          player::RecordingLink& recording);
+  explicit Program(const platform::Machine& machine, const StandIns& standIns = {});
   ~Program();
   Program(const Program&) = delete;
   Program& operator=(const Program&) = delete;
@@ -40,7 +47,10 @@ class Program {
  private:
   void unload();
 
+  Neighbours neighbours();
+
   platform::Machine machine_;
+  StandIns standIns_;
   forms::MainForm form_;
   forms::MainMenu menu_;
   settings::LiveSettings live_;
@@ -48,7 +58,10 @@ class Program {
   library::SongList songs_;
   library::FolderBrowser browser_;
   library::RecentScan recentScan_;
+  player::NoRecording recording_;
   player::Player player_;
+  NoPlaylists playlists_;
+  NoNotificationIcon icon_;
   ListWork listWork_;
   MainWindow mainWindow_;
   StartUp startUp_;

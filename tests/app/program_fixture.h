@@ -84,7 +84,7 @@ class ProgramTest : public testing::Test {
   }
 
   void start(const std::string& commandLine = {}) {
-    program = std::make_unique<Program>(machine.doors(), playlists, icon, recording);
+    program = std::make_unique<Program>(machine.doors(), StandIns{&playlists, &icon, &recording});
     program->start(commandLine);
     machine.advance(0ms);
   }

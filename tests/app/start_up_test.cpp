@@ -119,7 +119,7 @@ TEST_F(StartUp, AutoNextStartsTheFirstSong) {
 TEST_F(StartUp, NoDeckIsTouchedBeforeTheWindowIsUp) {
   storeEarlierRun("2");
   addSongs("C:\\Music", 3);
-  program = std::make_unique<Program>(machine.doors(), playlists, icon, recording);
+  program = std::make_unique<Program>(machine.doors(), StandIns{&playlists, &icon, &recording});
   program->start("");
   EXPECT_TRUE(form().form.visible());
   EXPECT_EQ(machine.trace({Door::Decks}).find("render"), std::string::npos);

@@ -6,6 +6,7 @@
 #include <QFileDialog>
 #include <QLabel>
 #include <QLayout>
+#include <QLineEdit>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QTemporaryDir>
@@ -150,7 +151,10 @@ class QtDialogsBackend {
     visitor_ = std::make_unique<Visitor>([path](QWidget& dialog) {
       auto* files = dynamic_cast<QFileDialog*>(&dialog);
       if (!files) return false;
-      files->selectFile(QString::fromStdString(path));
+      // The text that the dialog takes as the answer: choosing in a list that is still being read
+      // does not always reach it.
+      files->findChild<QLineEdit*>(QStringLiteral("fileNameEdit"))
+          ->setText(QString::fromStdString(path));
       // The file is there already: yes, it may be written over.
       const Visitor confirming([](QWidget& asked) {
         auto* box = dynamic_cast<QMessageBox*>(&asked);
@@ -158,7 +162,7 @@ class QtDialogsBackend {
         return box != nullptr;
       });
       static_cast<QDialog*>(files)->accept();
-      return true;
+      return !files->isVisible();
     });
   }
   void userCancels() {

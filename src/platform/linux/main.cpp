@@ -3,7 +3,6 @@
 #include <cstdio>
 #include <string>
 
-#include "app/absent_neighbours.h"
 #include "app/program.h"
 #include "platform/linux/command_words.h"
 #include "platform/linux/system/ini_settings_store.h"
@@ -58,10 +57,7 @@ int runPlayer(int argc, char** argv, const std::string& commandLine) {
   const platform::Machine machine{sound,    files, settings, dialogs,
                                   pictures, clock, events,   windows};
 
-  app::NoPlaylists playlists;
-  app::NoNotificationIcon icon;
-  player::NoRecording recording;
-  app::Program program(machine, playlists, icon, recording);
+  app::Program program(machine);
   program.start(commandLine);
   events.post([&] { sound.warmUp(); });
   events.post([&] {

@@ -5,7 +5,6 @@
 #include <string>
 #include <string_view>
 
-#include "app/absent_neighbours.h"
 #include "app/program.h"
 #include "platform/windows/com_apartment.h"
 #include "platform/windows/directshow_graphs.h"
@@ -91,10 +90,7 @@ int runPlayer(const std::string& commandLine) {
   windows::DirectShowGraphs sound;
   const platform::Machine machine{sound, files, settings, dialogs, pictures, clock, events, forms};
 
-  app::NoPlaylists playlists;
-  app::NoNotificationIcon icon;
-  player::NoRecording recording;
-  app::Program program(machine, playlists, icon, recording);
+  app::Program program(machine);
   program.start(commandLine);
   return events.run();
 }
