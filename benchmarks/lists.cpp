@@ -13,7 +13,9 @@
 #include <vector>
 
 #include "app/program.h"
+#include "platform/linux/system/posix_byte_files.h"
 #include "platform/linux/system/posix_file_system.h"
+#include "platform/linux/system/posix_text_encoding.h"
 #include "platform/linux/widgets/form_window.h"
 #include "platform/linux/widgets/qt_application.h"
 #include "platform/linux/widgets/qt_window_host.h"
@@ -36,8 +38,8 @@ struct Window {
   }
   platform::Machine doors() {
     platform::Machine mixed = simulated.doors();
-    return {mixed.graphs,   files,       mixed.settings, mixed.dialogs,
-            mixed.pictures, mixed.clock, mixed.events,   windows};
+    return {mixed.graphs, files,        mixed.settings, mixed.dialogs, mixed.pictures,
+            mixed.clock,  mixed.events, windows,        bytes,         encoding};
   }
   void paint() {
     QApplication::processEvents();
@@ -47,6 +49,8 @@ struct Window {
 
   platform::simulated::SimulatedMachine simulated{'/'};
   system::PosixFileSystem files;
+  system::PosixByteFiles bytes;
+  system::PosixTextEncoding encoding;
   widgets::QtWindowHost windows;
   app::Program program;
 };

@@ -35,6 +35,9 @@ DIRECT_INCLUDES = {
     ("library", "settings/live_settings.h"),
     ("player", "settings/live_settings.h"),
     ("player", "library/song_list.h"),
+    ("playlist", "library/song_list.h"),
+    ("playlist", "library/folder_browser.h"),
+    ("playlist", "settings/stored_settings.h"),
 }
 
 # Where the headers of a toolkit or a system are at home: (pattern, folders of src/, of tests/).

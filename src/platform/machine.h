@@ -1,6 +1,7 @@
 // All the doors of one machine, handed to the program at its start.
 #pragma once
 
+#include "platform/byte_files.h"
 #include "platform/clock.h"
 #include "platform/dialogs.h"
 #include "platform/event_queue.h"
@@ -8,6 +9,7 @@
 #include "platform/filter_graph.h"
 #include "platform/picture_loader.h"
 #include "platform/settings_store.h"
+#include "platform/text_encoding.h"
 #include "platform/window_host.h"
 
 namespace nerolith::platform {
@@ -22,6 +24,8 @@ struct Machine {
   Clock& clock;
   EventQueue& events;
   WindowHost& windows;
+  ByteFiles& bytes;
+  TextEncoding& encoding;
 };
 
 }  // namespace nerolith::platform

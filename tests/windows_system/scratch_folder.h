@@ -3,10 +3,12 @@
 
 #include <windows.h>
 
+#include <algorithm>
 #include <cmath>
 #include <cstdint>
 #include <stdexcept>
 #include <string>
+#include <vector>
 
 #include "platform/windows/file_path.h"
 #include "platform/windows/handles.h"
@@ -76,6 +78,18 @@ class ScratchFolder {
                                         0, nullptr, OPEN_EXISTING, 0, nullptr));
     if (!file || !SetFileTime(file.get(), nullptr, nullptr, &universal))
       throw std::runtime_error("no time for " + relative);
+  }
+  /// Names of all that lies in the folder itself, sorted.
+  std::vector<std::string> names() const {
+    std::vector<std::string> names;
+    WIN32_FIND_DATAW entry;
+    const FindHandle search(FindFirstFileW((systemPath(root_) + L"\\*").c_str(), &entry));
+    do {
+      const std::wstring name = entry.cFileName;
+      if (search && name != L"." && name != L"..") names.push_back(utf8Text(name));
+    } while (search && FindNextFileW(search.get(), &entry));
+    std::sort(names.begin(), names.end());
+    return names;
   }
   void remove(const std::string& relative) const { removeAll(path(relative)); }
 

@@ -6,7 +6,9 @@
 #include "app/program.h"
 #include "platform/linux/command_words.h"
 #include "platform/linux/system/ini_settings_store.h"
+#include "platform/linux/system/posix_byte_files.h"
 #include "platform/linux/system/posix_file_system.h"
+#include "platform/linux/system/posix_text_encoding.h"
 #include "platform/linux/system/sound_module.h"
 #include "platform/linux/system/start_up_pages.h"
 #include "platform/linux/system/system_clock.h"
@@ -51,11 +53,13 @@ int runPlayer(int argc, char** argv, const std::string& commandLine) {
   widgets::QtDialogs dialogs;
   widgets::QtPictureLoader pictures;
   system::PosixFileSystem files;
+  system::PosixByteFiles bytes;
+  system::PosixTextEncoding encoding;
   system::IniSettingsStore settings;
   system::SystemClock clock;
   system::LazySoundEngine sound;
-  const platform::Machine machine{sound,    files, settings, dialogs,
-                                  pictures, clock, events,   windows};
+  const platform::Machine machine{sound, files,  settings, dialogs, pictures,
+                                  clock, events, windows,  bytes,   encoding};
 
   app::Program program(machine);
   program.start(commandLine);

@@ -19,7 +19,8 @@ struct SimulatedFile {
   bool runnable = true;     // whether a deck that rendered it can run it
   double modified = 44000;  // day number with fraction
   std::int64_t size = 1'000'000;
-  bool readOnly = false;  // cannot be deleted while set
+  bool readOnly = false;   // cannot be deleted or written while set
+  std::string bytes = {};  // what SimulatedByteFiles reads
 };
 
 /// A machine's disks. With the separator '\\' it is a Windows machine: the drive "C:\", names

@@ -10,10 +10,12 @@ SimulatedMachine::SimulatedMachine(char separator)
       settings(doorway),
       dialogs(timeline, doorway),
       pictures(doorway),
-      windows(timeline, doorway) {}
+      windows(timeline, doorway),
+      bytes(files, doorway),
+      encoding(separator) {}
 
 Machine SimulatedMachine::doors() {
-  return {decks, files, settings, dialogs, pictures, clock, events, windows};
+  return {decks, files, settings, dialogs, pictures, clock, events, windows, bytes, encoding};
 }
 
 }  // namespace nerolith::platform::simulated

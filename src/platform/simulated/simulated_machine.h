@@ -7,9 +7,11 @@
 
 #include "platform/machine.h"
 #include "platform/simulated/doorway.h"
+#include "platform/simulated/simulated_byte_files.h"
 #include "platform/simulated/simulated_clock.h"
 #include "platform/simulated/simulated_decks.h"
 #include "platform/simulated/simulated_dialogs.h"
+#include "platform/simulated/simulated_encoding.h"
 #include "platform/simulated/simulated_events.h"
 #include "platform/simulated/simulated_files.h"
 #include "platform/simulated/simulated_pictures.h"
@@ -59,6 +61,8 @@ class SimulatedMachine {
   SimulatedDialogs dialogs;
   SimulatedPictures pictures;
   SimulatedWindows windows;
+  SimulatedByteFiles bytes;
+  SimulatedEncoding encoding;
 };
 
 }  // namespace nerolith::platform::simulated

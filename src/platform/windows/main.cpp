@@ -14,8 +14,10 @@
 #include "platform/windows/system_clock.h"
 #include "platform/windows/wic_picture_loader.h"
 #include "platform/windows/wide_text.h"
+#include "platform/windows/windows_byte_files.h"
 #include "platform/windows/windows_dialogs.h"
 #include "platform/windows/windows_file_system.h"
+#include "platform/windows/windows_text_encoding.h"
 
 namespace {
 
@@ -84,11 +86,14 @@ int runPlayer(const std::string& commandLine) {
   windows_forms::Win32WindowHost forms(events);
   windows::WindowsFileSystem files;
   windows::WindowsDialogs dialogs(windowInFront, [&files] { return files.currentDirectory(); });
+  windows::WindowsByteFiles bytes(files);
+  windows::WindowsTextEncoding encoding;
   windows::WicPictureLoader pictures;
   windows::RegistryStore settings;
   windows::SystemClock clock;
   windows::DirectShowGraphs sound;
-  const platform::Machine machine{sound, files, settings, dialogs, pictures, clock, events, forms};
+  const platform::Machine machine{sound, files,  settings, dialogs, pictures,
+                                  clock, events, forms,    bytes,   encoding};
 
   app::Program program(machine);
   program.start(commandLine);

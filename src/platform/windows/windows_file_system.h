@@ -46,8 +46,10 @@ class WindowsFileSystem : public platform::FileSystem {
   void makePlainArchive(const std::string& path) override;
   void deleteFile(const std::string& path) override;
 
- private:
+  /// As `tidyPath`, from the current folder.
   std::string tidy(const std::string& path) const;
+
+ private:
   unsigned long attributesOf(const std::string& path) const;
 
   mutable base::PatientCaller disk_;
