@@ -45,6 +45,9 @@ class Form : public Control {
   }
   /// Brings the window to the front and gives it the focus.
   void bringForward() { forwardRequested.raise(); }
+  /// Puts the window at the side of its owner's, once for each place that the owner takes: what the
+  /// user does with this window in between is left alone. Nothing while either is not shown.
+  void placeBesideOwner() { besideRequested.raise(); }
   /// Leaves the window to the task bar.
   void minimise() { minimiseRequested.raise(); }
   /// Pops `menu` up at the mouse position, or, opened by a key, below the focused control.
@@ -57,6 +60,7 @@ class Form : public Control {
 
   /// For window hosts.
   base::Signal<> forwardRequested;
+  base::Signal<> besideRequested;
   base::Signal<> minimiseRequested;
   base::Signal<const MenuItem&> popUpRequested;
 

@@ -32,6 +32,8 @@ enum class Look {
   Figure,      // a number of the foot strip
   Tag,         // a word in small, widely set capitals
   Notice,      // a warning
+  Key,         // a push button whose caption is a label's
+  Meter,       // a bar of the recording level, in the colours of its indicator
 };
 
 /// A push button of the faceplate: `face` gives and receives clicks and mouse presses, `button`

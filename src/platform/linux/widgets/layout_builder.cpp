@@ -10,6 +10,7 @@
 #include "platform/linux/widgets/label_view.h"
 #include "platform/linux/widgets/lamp.h"
 #include "platform/linux/widgets/level_bar.h"
+#include "platform/linux/widgets/meter_bar.h"
 #include "platform/linux/widgets/panel.h"
 #include "platform/linux/widgets/plain_buttons.h"
 #include "platform/linux/widgets/position_slider.h"
@@ -49,7 +50,10 @@ struct Maker {
     return view;
   }
   QWidget* operator()(controls::ScrollBar* bar) const { return new PositionSlider(*bar, parent); }
-  QWidget* operator()(controls::ProgressBar* bar) const { return new LevelBar(*bar, parent); }
+  QWidget* operator()(controls::ProgressBar* bar) const {
+    if (look == Look::Meter) return new MeterBar(*bar, parent);
+    return new LevelBar(*bar, parent);
+  }
   QWidget* operator()(controls::DriveListBox* drives) const {
     return new DriveCombo(*drives, parent);
   }

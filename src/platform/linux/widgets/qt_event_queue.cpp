@@ -25,7 +25,12 @@ void QtEventQueue::runNext() {
   }
   const std::function<void()> call = std::move(calls_.front());
   calls_.pop_front();
-  if (calls_.empty()) idle_.stop();
+  // Started anew, as the toolkit rings no timer inside its own ringing: a call may open a message
+  // box, and those behind it shall run meanwhile.
+  if (calls_.empty())
+    idle_.stop();
+  else
+    idle_.start();
   quietly(call);
 }
 

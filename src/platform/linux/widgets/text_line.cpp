@@ -4,6 +4,7 @@
 #include <QPainter>
 
 #include "platform/linux/widgets/control_binding.h"
+#include "platform/linux/widgets/glass_colour.h"
 #include "platform/linux/widgets/quietly.h"
 #include "platform/linux/widgets/theme.h"
 
@@ -27,6 +28,7 @@ TextLine::TextLine(controls::TextBox& box, controls::Look look, QWidget* parent)
 void TextLine::refresh() {
   const QString text = QString::fromStdString(box_.text());
   const EchoGuard::Hold hold(echo_);
+  update();
   // Setting it anew would move the cursor of the user who is typing.
   if (this->text() != text) setText(text);
 }
@@ -40,7 +42,8 @@ void TextLine::keyPressEvent(QKeyEvent* event) {
 void TextLine::paintEvent(QPaintEvent* event) {
   {
     QPainter painter(this);
-    theme::paintRecess(painter, rect(), theme::kWell, theme::kWell);
+    const QColor ground = box_.backColour() ? toQColor(*box_.backColour()) : theme::kWell;
+    theme::paintRecess(painter, rect(), ground, ground);
     if (hasFocus()) theme::paintFocus(painter, rect());
     if (isReadOnly() && !hasFocus()) {
       painter.setFont(font());

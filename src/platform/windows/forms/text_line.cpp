@@ -36,7 +36,7 @@ void TextLine::place(const RECT& area) {
 }
 
 void TextLine::paintOnPanel(Canvas& canvas, const Area& area) const {
-  theme().paintRecess(canvas, area, ink::kWell, ink::kWell);
+  theme().paintRecess(canvas, area, ground(), ground());
   if (focused()) theme().paintFocus(canvas, area);
 }
 
@@ -46,12 +46,19 @@ void TextLine::refresh() {
   // Setting it anew would move the cursor of the user who is typing.
   setName(text);
   if (readOnly_) repaint();
+  if (painted_ == ground()) return;
+  painted_ = ground();
+  well_ = Brush(CreateSolidBrush(painted_.ref()));
+  repaint();
+  ground_.panelChanged();
 }
+
+Ink TextLine::ground() const { return box_.backColour() ? inkOf(*box_.backColour()) : ink::kWell; }
 
 std::wstring TextLine::shownText() const { return wideOf(box_.text()); }
 
 void TextLine::paint(Canvas& canvas) {
-  canvas.fillRect({0, 0, canvas.width(), canvas.height()}, ink::kWell);
+  canvas.fillRect({0, 0, canvas.width(), canvas.height()}, ground());
   theme().drawText(canvas, shownText(), {0, 0, canvas.width(), canvas.height()},
                    theme().font(controls::Look::Plain), enabled() ? ink::kPlain : ink::kFaint,
                    Align::Left, Shorten::Middle);
@@ -69,7 +76,7 @@ std::optional<LRESULT> TextLine::onParentMessage(UINT message, WPARAM first, LPA
   if (message != WM_CTLCOLOREDIT && message != WM_CTLCOLORSTATIC) return std::nullopt;
   const auto dc = reinterpret_cast<HDC>(first);
   SetTextColor(dc, (enabled() ? ink::kPlain : ink::kFaint).ref());
-  SetBkColor(dc, ink::kWell.ref());
+  SetBkColor(dc, painted_.ref());
   return reinterpret_cast<LRESULT>(well_.get());
 }
 

@@ -7,7 +7,7 @@
 namespace nerolith::windows_forms {
 
 /// An edit field of the system in a recess of the panel; in a well it is shown and can be copied
-/// from, not edited.
+/// from, not edited. Stands on the box's back colour where it has one.
 class TextLine : public ControlView {
  public:
   TextLine(FormGround& ground, controls::TextBox& box, controls::Look look);
@@ -25,10 +25,12 @@ class TextLine : public ControlView {
 
  private:
   std::wstring shownText() const;
+  Ink ground() const;
   void edited();
 
   controls::TextBox& box_;
   Brush well_;
+  Ink painted_ = ink::kWell;  // what the brush is made of
   bool readOnly_;
 };
 

@@ -7,6 +7,7 @@
 #include "platform/windows/forms/label_view.h"
 #include "platform/windows/forms/lamp_switch.h"
 #include "platform/windows/forms/level_bar.h"
+#include "platform/windows/forms/meter_bar.h"
 #include "platform/windows/forms/position_slider.h"
 #include "platform/windows/forms/song_list_view.h"
 #include "platform/windows/forms/text_line.h"
@@ -50,6 +51,7 @@ struct Maker {
     return std::make_unique<PositionSlider>(ground, *bar);
   }
   View operator()(controls::ProgressBar* bar) const {
+    if (look == Look::Meter) return std::make_unique<MeterBar>(ground, *bar);
     return std::make_unique<LevelBar>(ground, *bar);
   }
   View operator()(controls::DriveListBox* drives) const {

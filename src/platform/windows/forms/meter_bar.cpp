@@ -1,0 +1,56 @@
+#include "platform/windows/forms/meter_bar.h"
+
+#include <commctrl.h>
+
+#include <algorithm>
+#include <cmath>
+
+#include "platform/windows/forms/wide_text.h"
+
+namespace nerolith::windows_forms {
+namespace {
+
+constexpr double kPitch = 6;
+constexpr double kLight = 4;
+constexpr float kUnlitAlpha = 0.17F;
+
+}  // namespace
+
+MeterBar::MeterBar(FormGround& ground, controls::ProgressBar& bar)
+    : ControlView(ground, bar), bar_(bar) {
+  create({PROGRESS_CLASSW, WS_CHILD | WS_VISIBLE | WS_CLIPSIBLINGS, 0, ground.window()});
+  SendMessageW(handle(), PBM_SETRANGE32, 0, 100);
+  setName(wideOf(bar.accessibleName()));
+  bind();
+}
+
+Extent MeterBar::extent() const {
+  return {theme().px(200), theme().px(18), theme().px(60), theme().px(12), true, false};
+}
+
+/// Any sound at all lights the first one.
+int MeterBar::litOf(int lights) const {
+  return static_cast<int>(std::ceil(std::clamp(double{bar_.value()}, 0.0, 100.0) / 100 * lights));
+}
+
+void MeterBar::refresh() {
+  const auto percent = static_cast<WPARAM>(std::lround(std::clamp(bar_.value(), 0.0F, 100.0F)));
+  SendMessageW(handle(), PBM_SETPOS, percent, 0);
+  repaint();
+}
+
+void MeterBar::paint(Canvas& canvas) {
+  const double pitch = theme().exact(kPitch);
+  const double light = theme().exact(kLight);
+  const int count = std::max(1, static_cast<int>((canvas.width() + pitch - light) / pitch));
+  const int lit = litOf(count);
+  for (int i = 0; i < count; ++i) {
+    const Ink colour =
+        inkOf(bar_.colourAt(100.0F * static_cast<float>(i) / static_cast<float>(count)));
+    const Area place{i * pitch, 0, i * pitch + light, double(canvas.height())};
+    canvas.fill(Shape().roundedRect(place, theme().exact(1)),
+                i < lit ? colour : colour.faded(kUnlitAlpha));
+  }
+}
+
+}  // namespace nerolith::windows_forms

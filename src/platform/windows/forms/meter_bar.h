@@ -1,0 +1,25 @@
+// The meter of the recording level.
+#pragma once
+
+#include "controls/progress_bar.h"
+#include "platform/windows/forms/control_view.h"
+
+namespace nerolith::windows_forms {
+
+/// A row of small lights, each in the colour of its place on the bar.
+class MeterBar : public ControlView {
+ public:
+  MeterBar(FormGround& ground, controls::ProgressBar& bar);
+  Extent extent() const override;
+
+ protected:
+  void refresh() override;
+  void paint(Canvas& canvas) override;
+
+ private:
+  int litOf(int lights) const;
+
+  controls::ProgressBar& bar_;
+};
+
+}  // namespace nerolith::windows_forms

@@ -1,0 +1,21 @@
+// What the recording section has to say, word for word.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace nerolith::recording {
+
+/// Lines end in a carriage return and a line feed.
+extern const std::string_view kHowToText;
+extern const std::string_view kVolumeSettingsText;
+extern const std::string_view kCalibrationText;
+
+inline constexpr std::string_view kFileQuestionTitle = "Select Filename to record to";
+inline constexpr std::string_view kFileQuestionFilter = "*.wav|*.wav";
+inline constexpr std::string_view kOverwriteQuestion = "File already exists. Overwrite file?";
+
+/// Why there is no recording section; `whereToObtain` is the platform's own line in it.
+std::string noRecorderText(const std::string& whereToObtain);
+
+}  // namespace nerolith::recording
