@@ -2,13 +2,16 @@
 #pragma once
 
 #include "platform/byte_files.h"
+#include "platform/calibration_tone.h"
 #include "platform/clock.h"
 #include "platform/dialogs.h"
 #include "platform/event_queue.h"
 #include "platform/file_system.h"
 #include "platform/filter_graph.h"
+#include "platform/output_file.h"
 #include "platform/picture_loader.h"
 #include "platform/settings_store.h"
+#include "platform/sound_capture.h"
 #include "platform/text_encoding.h"
 #include "platform/window_host.h"
 
@@ -26,6 +29,9 @@ struct Machine {
   WindowHost& windows;
   ByteFiles& bytes;
   TextEncoding& encoding;
+  SoundCapture& capture;
+  CalibrationTone& tone;
+  OutputFiles& output;
 };
 
 }  // namespace nerolith::platform

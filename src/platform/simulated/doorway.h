@@ -9,7 +9,18 @@
 
 namespace nerolith::platform::simulated {
 
-enum class Door { Decks, Files, Settings, Dialogs, Pictures, Events, Windows };
+enum class Door {
+  Decks,
+  Files,
+  Settings,
+  Dialogs,
+  Pictures,
+  Events,
+  Windows,
+  Capture,
+  Tone,
+  Output
+};
 
 /// A call that changes or asks the outer world for something is an action and always traced; one
 /// that only looks (a position, a stored text, whether a file exists) is a reading and traced only

@@ -12,10 +12,14 @@ SimulatedMachine::SimulatedMachine(char separator)
       pictures(doorway),
       windows(timeline, doorway),
       bytes(files, doorway),
-      encoding(separator) {}
+      encoding(separator),
+      capture(timeline, doorway),
+      tone(doorway),
+      output(files, doorway) {}
 
 Machine SimulatedMachine::doors() {
-  return {decks, files, settings, dialogs, pictures, clock, events, windows, bytes, encoding};
+  return {decks,   files, settings, dialogs, pictures, clock, events,
+          windows, bytes, encoding, capture, tone,     output};
 }
 
 }  // namespace nerolith::platform::simulated

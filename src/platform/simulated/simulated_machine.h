@@ -8,14 +8,17 @@
 #include "platform/machine.h"
 #include "platform/simulated/doorway.h"
 #include "platform/simulated/simulated_byte_files.h"
+#include "platform/simulated/simulated_capture.h"
 #include "platform/simulated/simulated_clock.h"
 #include "platform/simulated/simulated_decks.h"
 #include "platform/simulated/simulated_dialogs.h"
 #include "platform/simulated/simulated_encoding.h"
 #include "platform/simulated/simulated_events.h"
 #include "platform/simulated/simulated_files.h"
+#include "platform/simulated/simulated_output.h"
 #include "platform/simulated/simulated_pictures.h"
 #include "platform/simulated/simulated_settings.h"
+#include "platform/simulated/simulated_tone.h"
 #include "platform/simulated/simulated_windows.h"
 #include "platform/simulated/timeline.h"
 
@@ -63,6 +66,9 @@ class SimulatedMachine {
   SimulatedWindows windows;
   SimulatedByteFiles bytes;
   SimulatedEncoding encoding;
+  SimulatedCapture capture;
+  SimulatedTone tone;
+  SimulatedOutput output;
 };
 
 }  // namespace nerolith::platform::simulated
