@@ -8,6 +8,7 @@
 #include "platform/linux/system/ini_settings_store.h"
 #include "platform/linux/system/posix_byte_files.h"
 #include "platform/linux/system/posix_file_system.h"
+#include "platform/linux/system/posix_output_files.h"
 #include "platform/linux/system/posix_text_encoding.h"
 #include "platform/linux/system/sound_module.h"
 #include "platform/linux/system/start_up_pages.h"
@@ -17,6 +18,7 @@
 #include "platform/linux/widgets/qt_event_queue.h"
 #include "platform/linux/widgets/qt_picture_loader.h"
 #include "platform/linux/widgets/qt_window_host.h"
+#include "platform/no_capture.h"
 
 namespace {
 
@@ -58,8 +60,11 @@ int runPlayer(int argc, char** argv, const std::string& commandLine) {
   system::IniSettingsStore settings;
   system::SystemClock clock;
   system::LazySoundEngine sound;
-  const platform::Machine machine{sound, files,  settings, dialogs, pictures,
-                                  clock, events, windows,  bytes,   encoding};
+  platform::NoSoundCapture capture;
+  platform::NoCalibrationTone tone;
+  system::PosixOutputFiles output;
+  const platform::Machine machine{sound,   files, settings, dialogs, pictures, clock, events,
+                                  windows, bytes, encoding, capture, tone,     output};
 
   app::Program program(machine);
   program.start(commandLine);

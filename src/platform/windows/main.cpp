@@ -6,6 +6,7 @@
 #include <string_view>
 
 #include "app/program.h"
+#include "platform/no_capture.h"
 #include "platform/windows/com_apartment.h"
 #include "platform/windows/directshow_graphs.h"
 #include "platform/windows/forms/win32_event_queue.h"
@@ -17,6 +18,7 @@
 #include "platform/windows/windows_byte_files.h"
 #include "platform/windows/windows_dialogs.h"
 #include "platform/windows/windows_file_system.h"
+#include "platform/windows/windows_output_files.h"
 #include "platform/windows/windows_text_encoding.h"
 
 namespace {
@@ -92,8 +94,11 @@ int runPlayer(const std::string& commandLine) {
   windows::RegistryStore settings;
   windows::SystemClock clock;
   windows::DirectShowGraphs sound;
-  const platform::Machine machine{sound, files,  settings, dialogs, pictures,
-                                  clock, events, forms,    bytes,   encoding};
+  platform::NoSoundCapture capture;
+  platform::NoCalibrationTone tone;
+  windows::WindowsOutputFiles output(files);
+  const platform::Machine machine{sound, files, settings, dialogs, pictures, clock, events,
+                                  forms, bytes, encoding, capture, tone,     output};
 
   app::Program program(machine);
   program.start(commandLine);

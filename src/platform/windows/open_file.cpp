@@ -13,10 +13,10 @@ constexpr std::size_t kMostAtOnce = 1 << 24;
 
 }  // namespace
 
-OpenFile::OpenFile(std::string path, DWORD access, DWORD disposition)
+OpenFile::OpenFile(std::string path, DWORD access, DWORD disposition, DWORD sharing)
     : path_(std::move(path)),
-      handle_(CreateFileW(systemPath(path_).c_str(), access, FILE_SHARE_READ | FILE_SHARE_DELETE,
-                          nullptr, disposition, FILE_ATTRIBUTE_NORMAL, nullptr)) {
+      handle_(CreateFileW(systemPath(path_).c_str(), access, sharing, nullptr, disposition,
+                          FILE_ATTRIBUTE_NORMAL, nullptr)) {
   if (!handle_) throwLastError(path_);
   if (GetFileType(handle_.get()) != FILE_TYPE_DISK) throwFailure(path_, ERROR_BAD_FILE_TYPE);
 }

@@ -15,9 +15,10 @@ namespace nerolith::windows {
 /// Closed with its owner. Every call fails with the path and the system's words.
 class OpenFile {
  public:
-  /// `path` is tidy. Opens as CreateFile does, what is no file on a disk fails. Others may read
-  /// meanwhile.
-  OpenFile(std::string path, DWORD access, DWORD disposition);
+  /// `path` is tidy. Opens as CreateFile does, what is no file on a disk fails. `sharing` is what
+  /// others may do meanwhile.
+  OpenFile(std::string path, DWORD access, DWORD disposition,
+           DWORD sharing = FILE_SHARE_READ | FILE_SHARE_DELETE);
 
   HANDLE get() const { return handle_.get(); }
   const std::string& path() const { return path_; }

@@ -52,22 +52,33 @@ bool inUse(DWORD error) {
 }  // namespace
 
 ReplacementFile::ReplacementFile(const std::string& path, const std::string& bytes)
+    : ReplacementFile(path) {
+  file_->write(bytes);
+  complete();
+}
+
+ReplacementFile::ReplacementFile(const std::string& path)
     : target_(linkTarget(path)), name_(freshName(target_)) {
   const DWORD old = attributesOf(target_);
   if (old != INVALID_FILE_ATTRIBUTES &&
       (old & (FILE_ATTRIBUTE_READONLY | FILE_ATTRIBUTE_DIRECTORY)))
     throwFailure(target_, ERROR_ACCESS_DENIED);
-  const OpenFile file(name_, GENERIC_WRITE | DELETE, CREATE_ALWAYS);
-  file.deleteWhenClosed(true);
-  file.write(bytes);
-  file.flush();
-  file.deleteWhenClosed(false);
+  file_ = std::make_unique<OpenFile>(name_, GENERIC_WRITE | DELETE, CREATE_ALWAYS);
+  file_->deleteWhenClosed(true);
+}
+
+void ReplacementFile::complete() {
+  file_->flush();
+  file_->deleteWhenClosed(false);
+  file_.reset();
+  const DWORD old = attributesOf(target_);
   if (old == INVALID_FILE_ATTRIBUTES) return;
   if (old & kKept) SetFileAttributesW(systemPath(name_).c_str(), old & kKept);
   takeAfterOld();
 }
 
 ReplacementFile::~ReplacementFile() {
+  file_.reset();
   if (!name_.empty()) DeleteFileW(systemPath(name_).c_str());
 }
 

@@ -46,18 +46,20 @@ void takeAfter(const Descriptor& file, const struct stat& old) {
 
 }  // namespace
 
+ReplacementFile::ReplacementFile(const std::string& path, mode_t newMode)
+    : target_(linkTarget(path)), old_(oldFile(target_)) {
+  openNameless(old_ ? 0600 : newMode);
+}
+
 ReplacementFile::ReplacementFile(const std::string& path, const std::string& bytes, mode_t newMode)
-    : target_(linkTarget(path)) {
-  const auto old = oldFile(target_);
-  openNameless(old ? 0600 : newMode);
-  try {
-    file_->write(bytes);
-    if (old) takeAfter(*file_, *old);
-    file_->flush();
-  } catch (const platform::Failure&) {
-    if (!name_.empty()) unlink(name_.c_str());
-    throw;
-  }
+    : ReplacementFile(path, newMode) {
+  file_->write(bytes);
+  complete();
+}
+
+void ReplacementFile::complete() const {
+  if (old_) takeAfter(*file_, *old_);
+  file_->flush();
 }
 
 ReplacementFile::~ReplacementFile() {

@@ -1,6 +1,7 @@
 // The new contents of a file, complete before they take the old one's place.
 #pragma once
 
+#include <sys/stat.h>
 #include <sys/types.h>
 
 #include <memory>
@@ -20,10 +21,15 @@ class ReplacementFile {
   /// as far as allowed, its owner; a new file gets `newMode`, less the user's mask. Fails for a
   /// file that is read-only or no regular one.
   ReplacementFile(const std::string& path, const std::string& bytes, mode_t newMode);
+  /// The same, empty: to be filled through `file`, then `complete`, then `takePlace`.
+  ReplacementFile(const std::string& path, mode_t newMode);
   ~ReplacementFile();
   ReplacementFile(const ReplacementFile&) = delete;
   ReplacementFile& operator=(const ReplacementFile&) = delete;
 
+  const Descriptor& file() const { return *file_; }
+  /// Returns once all is on the disk.
+  void complete() const;
   /// Once.
   void takePlace();
 
@@ -32,6 +38,7 @@ class ReplacementFile {
   void openNamed(mode_t mode);
 
   std::string target_;
+  std::optional<struct stat> old_;
   std::string name_;  // its own, as long as it has one
   std::unique_ptr<Descriptor> file_;
 };
