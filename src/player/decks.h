@@ -11,7 +11,8 @@
 namespace nerolith::player {
 
 /// Holds deck A and deck B. The current deck is the one whose song is shown and counted; the other
-/// is idle or fades out. A deck always holds a graph, fresh or in use.
+/// is idle or fades out. A deck holds a graph, fresh or in use, unless
+/// making one failed.
 class Decks {
  public:
   /// Both decks get fresh graphs; a failure leaves a deck without one until it is loaded.

@@ -10,8 +10,8 @@
 
 namespace nerolith::player {
 
-/// Binds Option1 to Option3, Check1 and Label7; every handler ends quietly and gives the focus to
-/// the song list.
+/// Binds Option1 to Option3, Check1 and Label7; every handler ends quietly. A chosen mode gives the
+/// focus to the song list, and so does the mouse that lets go of Check1.
 class PlayModes {
  public:
   PlayModes(forms::MainForm& form, settings::LiveSettings& live, PlayerState& state, Decks& decks);

@@ -40,6 +40,7 @@ void Transport::bind() {
 void Transport::list1_DblClick() {
   if (!form_.Command3.enabled()) return;
   form_.Command3.setEnabled(false);
+  ++starts_;
   if (!base::goOn([this] { loadAndStart(); })) failedStart();
 }
 
@@ -99,13 +100,21 @@ void Transport::failedStart() {
   ++state_.playRetryCount;
   if (state_.playRetryCount < kRetryLimit) {
     form_.Command3.setEnabled(true);
-    if (!form_.Option1.value()) doors_.playNext();
+    if (!form_.Option1.value()) playNextLater();
     return;
   }
   // Nothing may start, nor count, until the message is closed. It is shown once this event is over:
   // the start may have come from a tick, and a tick that waits would stop the clock and the fades.
   form_.Command3.setEnabled(false);
   doors_.later([this] { reportFailedStarts(); });
+}
+
+// A share that does not answer costs seconds a song: the window gets its turn in between, and what
+// the user starts or stops there is not overruled by the old attempt.
+void Transport::playNextLater() {
+  doors_.later([this, failed = starts_] {
+    if (failed == starts_) doors_.playNext();
+  });
 }
 
 void Transport::reportFailedStarts() {
@@ -158,6 +167,7 @@ void Transport::pauseOrResume() {
 }
 
 void Transport::stop() {
+  ++starts_;
   base::endQuietly([this] {
     state_.timeString = "00:00";
     forgetPause();

@@ -1,6 +1,7 @@
 // Starting, pausing, stopping, and the position slider.
 #pragma once
 
+#include <cstdint>
 #include <functional>
 #include <vector>
 
@@ -33,8 +34,8 @@ struct TransportDoors {
 ///
 /// A start that fails has one handler: the retry counter goes up; below 25 Command3 is enabled
 /// again and, unless the mode is Single, play-next runs; at 25 the message is shown once, Command3
-/// is enabled and the counter starts again. So the nesting of play-next in a failed start is
-/// bounded.
+/// is enabled and the counter starts again. Play-next runs once the current event is over, unless
+/// something was started or stopped meanwhile.
 class Transport final : public SongStarter {
  public:
   Transport(forms::MainForm& form, library::SongList& songs, settings::LiveSettings& live,
@@ -67,6 +68,7 @@ class Transport final : public SongStarter {
   void bind();
   void loadAndStart();
   void failedStart();
+  void playNextLater();
   void reportFailedStarts();
   void setPaused(bool paused);
   void limitSlider(const Deck& deck);
@@ -80,6 +82,7 @@ class Transport final : public SongStarter {
   PlayerState& state_;
   Decks& decks_;
   TransportDoors doors_;
+  std::uint64_t starts_ = 0;  // attempts to start, and stops: what tells an outdated retry
   std::vector<base::Subscription> subscriptions_;
 };
 

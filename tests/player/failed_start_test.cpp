@@ -32,6 +32,7 @@ TEST(FailedStart, InAutoNextGoesOnToTheNextThatPlays) {
   rig.start(0);
   rig.ticks(10);
   rig.player.speelvolgendeknop();
+  rig.settle();
   EXPECT_EQ(rig.currentSong(), "d.mp3");
   EXPECT_EQ(rig.player.state().playRetryCount, 0);
   EXPECT_TRUE(rig.form.Command3.enabled());
@@ -46,6 +47,7 @@ TEST(FailedStart, ADeckThatCannotRunGoesOnToo) {
   rig.autoNext();
   rig.start(0);
   rig.start(1);
+  rig.settle();
   EXPECT_EQ(rig.currentSong(), "c.mp3");
   EXPECT_EQ(rig.songs.playingPosition(), 2);
   rig.ticks(60);
@@ -57,12 +59,13 @@ TEST(FailedStart, TwentyFourInARowAreSilentAndTheTwentyFifthIsReportedOnce) {
   rig.fillEqual(24, 0);
   rig.autoNext();
   rig.start(0);
+  rig.settle();
   EXPECT_EQ(rig.player.state().playRetryCount, 24);
   EXPECT_EQ(rig.machine.trace({Door::Dialogs}), "");
 
   rig.machine.dialogs.answer(Answer::Ok);
   rig.start(0);
-  rig.machine.advance(0ms);
+  rig.settle();
   EXPECT_EQ(rig.machine.trace({Door::Dialogs}), kMessage);
   EXPECT_EQ(rig.machine.dialogs.lastMessage().icon, platform::MessageIcon::Critical);
   EXPECT_EQ(rig.player.state().playRetryCount, 0);
@@ -75,7 +78,7 @@ TEST(FailedStart, AFolderOfBrokenFilesIsReportedOnceInAutoNext) {
   rig.autoNext();
   rig.machine.dialogs.answer(Answer::Ok);
   rig.start(0);
-  rig.machine.advance(0ms);
+  rig.settle();
   EXPECT_EQ(renders(rig), 25);
   EXPECT_EQ(rig.machine.trace({Door::Dialogs}), kMessage);
   rig.ticks(600);
@@ -88,7 +91,7 @@ TEST(FailedStart, AFolderOfBrokenFilesIsReportedOnceInRandom) {
   rig.random();
   rig.machine.dialogs.answer(Answer::Ok);
   rig.player.speelvolgendeknop();
-  rig.machine.advance(0ms);
+  rig.settle();
   EXPECT_EQ(renders(rig), 25);
   EXPECT_EQ(rig.machine.trace({Door::Dialogs}), kMessage);
   EXPECT_TRUE(rig.form.Command3.enabled());
@@ -102,7 +105,7 @@ TEST(FailedStart, ASmallLoopOfBrokenFilesEndsToo) {
     random ? rig.random() : rig.autoNext();
     rig.machine.dialogs.answer(Answer::Ok);
     rig.player.speelvolgendeknop();
-    rig.machine.advance(0ms);
+    rig.settle();
     EXPECT_EQ(renders(rig), 25);
     EXPECT_EQ(rig.machine.trace({Door::Dialogs}), kMessage);
   }
@@ -114,8 +117,9 @@ TEST(FailedStart, NothingStartsWhileItsMessageIsOpen) {
   rig.autoNext();
   rig.machine.dialogs.answer(Answer::Ok, 30s);
   rig.start(0);
+  while (renders(rig) < 25) rig.machine.advance(0ms);
   rig.machine.timeline.post([&] { rig.player.speelvolgendeknop(); });
-  rig.machine.advance(0ms);
+  rig.settle();
   EXPECT_EQ(renders(rig), 25);
   EXPECT_TRUE(rig.form.Command3.enabled());
   EXPECT_EQ(rig.player.state().playRetryCount, 0);
@@ -137,6 +141,40 @@ TEST(FailedStart, TheClockAndTheFadeGoOnWhileItsMessageIsOpen) {
   rig.machine.advance(55s);
   EXPECT_GE(ticksMeanwhile, 29);
   EXPECT_LE(ticksMeanwhile, 31);
+}
+
+TEST(FailedStart, TheWindowHasItsTurnBetweenTwoAttempts) {
+  PlayerRig rig;
+  rig.fill({0, 0, 180});
+  rig.autoNext();
+  rig.start(0);
+  int rendersBefore = 0;
+  rig.machine.timeline.post([&] { rendersBefore = renders(rig); });
+  rig.settle();
+  EXPECT_EQ(rendersBefore, 2);
+  EXPECT_EQ(rig.currentSong(), "c.mp3");
+}
+
+TEST(FailedStart, ASongStartedByHandIsNotOverruledByTheAttemptBefore) {
+  PlayerRig rig;
+  rig.fill({0, 180, 180});
+  rig.autoNext();
+  rig.start(0);
+  rig.start(2);
+  rig.settle();
+  EXPECT_EQ(rig.currentSong(), "c.mp3");
+  EXPECT_EQ(renders(rig), 2);
+}
+
+TEST(FailedStart, AStopEndsTheAttempts) {
+  PlayerRig rig;
+  rig.fill({0, 180});
+  rig.autoNext();
+  rig.start(0);
+  rig.form.Command2.userClick();
+  rig.settle();
+  EXPECT_EQ(renders(rig), 1);
+  EXPECT_EQ(rig.machine.decks.audibleGraphs(), 0);
 }
 
 TEST(FailedStart, ASongThatPlaysClearsTheCount) {
@@ -168,6 +206,7 @@ TEST(FailedStart, NoCurrentPositionIsOne) {
   rig.fillEqual(3, 180);
   rig.autoNext();
   rig.start(-1);
+  rig.settle();
   EXPECT_EQ(rig.currentSong(), "a.mp3");
 }
 
@@ -189,7 +228,7 @@ TEST(ThirdBranch, TwentyFourAreSkippedAndTheTwentyFifthIsReportedOnce) {
   rig.player.decks().currentDeckIsA = 1;
   rig.machine.dialogs.answer(Answer::Ok);
   rig.form.Command1.userClick();
-  rig.machine.advance(0ms);
+  rig.settle();
   EXPECT_EQ(rig.form.List1.listIndex(), 24);
   EXPECT_EQ(rig.machine.trace({Door::Dialogs}), kMessage);
   EXPECT_EQ(rig.player.state().playRetryCount, 0);
@@ -211,7 +250,7 @@ TEST(ThirdBranch, NothingStartsWhileItsMessageIsOpen) {
     rig.player.list1_DblClick();
   });
   rig.form.Command1.userClick();
-  rig.machine.advance(0ms);
+  rig.settle();
   EXPECT_TRUE(asked);
   EXPECT_EQ(rig.machine.trace({Door::Dialogs}), kMessage);
   EXPECT_EQ(rig.player.state().playRetryCount, 0);

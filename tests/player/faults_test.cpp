@@ -99,7 +99,7 @@ TEST(Faults, AMessageThatCannotBeShownBlocksNothing) {
   rig.fillEqual(30, 0);
   rig.autoNext();
   rig.start(0);
-  rig.machine.advance(std::chrono::milliseconds(0));
+  rig.settle();
   EXPECT_EQ(dialogs.asked, 1);
   EXPECT_TRUE(rig.form.Command3.enabled());
   EXPECT_EQ(rig.player.state().playRetryCount, 0);

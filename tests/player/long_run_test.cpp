@@ -10,6 +10,7 @@ namespace {
 TEST(LongRun, ADayOfRandomOverTenThousandSongsTakesSeconds) {
   PlayerRig rig;
   std::vector<double> lengths;
+  lengths.reserve(10000);
   for (int i = 0; i < 10000; ++i) lengths.push_back(i % 97 == 0 ? 0 : 150 + i % 120);
   rig.fill(lengths);
   rig.random();

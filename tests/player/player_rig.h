@@ -77,6 +77,10 @@ struct PlayerRig {
   void random() { form.Option3.setValue(true); }
   void loop() { form.Check1.setValue(1); }
 
+  /// Runs what was posted, and what that posts, while no time passes.
+  void settle() {
+    while (machine.timeline.postedCalls() > 0) machine.advance(0ms);
+  }
   void ticks(int count) { machine.advance(count * 100ms); }
   std::string decksTrace() const { return machine.trace({Door::Decks}); }
   const platform::simulated::SimulatedGraph& graph(char letter) const {

@@ -15,7 +15,7 @@ namespace nerolith::sound {
 class FrameQueue {
  public:
   /// About two seconds: a disk that spins up is bridged, and the decoder wakes once a second.
-  static constexpr std::size_t kDefaultCapacity = 2 * kSampleRate;
+  static constexpr std::size_t kDefaultCapacity = std::size_t{2} * kSampleRate;
 
   explicit FrameQueue(std::size_t capacity = kDefaultCapacity);
 

@@ -1,6 +1,7 @@
 #include "platform/linux/sound/libav_source.h"
 
 #include <algorithm>
+#include <cmath>
 
 #include "platform/failure.h"
 #include "platform/linux/sound/packet_length.h"
@@ -126,7 +127,7 @@ void LibavSource::findBeginning() {
 
 std::int64_t LibavSource::measure() {
   const double seconds = soundLength(*container_, *stream_);
-  return static_cast<std::int64_t>(seconds * kSampleRate + 0.5);
+  return std::llround(seconds * kSampleRate);
 }
 
 std::int64_t LibavSource::sampleOf(std::int64_t timestamp) const {

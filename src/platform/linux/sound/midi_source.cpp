@@ -22,7 +22,7 @@ constexpr std::array kSoundFonts = {
 constexpr std::int64_t kEndFadeFrames = kSampleRate / 20;
 
 /// No real score comes near; a file that does is no music.
-constexpr std::int64_t kLargestFile = 16 * 1024 * 1024;
+constexpr std::int64_t kLargestFile = std::int64_t{16} * 1024 * 1024;
 
 std::string installedSoundFont() {
   for (const char* path : kSoundFonts) {

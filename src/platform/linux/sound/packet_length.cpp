@@ -6,7 +6,7 @@ namespace nerolith::sound {
 namespace {
 
 /// A film may be many gigabytes; its last sound stands in the last part of it.
-constexpr std::int64_t kFilmTail = 4 * 1024 * 1024;
+constexpr std::int64_t kFilmTail = std::int64_t{4} * 1024 * 1024;
 
 struct Reach {
   std::int64_t end = AV_NOPTS_VALUE;  // the latest end of a packet, in time stamps

@@ -8,8 +8,8 @@
 namespace nerolith::sound {
 namespace {
 
-constexpr std::size_t kBlock = 64 * 1024;
-constexpr std::int64_t kForeignBytes = 64 * 1024;
+constexpr std::size_t kBlock = std::size_t{64} * 1024;
+constexpr std::int64_t kForeignBytes = std::int64_t{64} * 1024;
 
 bool namedAsMpegAudio(const std::string& path) {
   std::string ending = path.substr(std::min(path.size(), path.find_last_of('.') + 1));

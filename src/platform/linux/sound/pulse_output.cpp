@@ -72,7 +72,8 @@ std::int64_t PulseOutput::heardFrames() const {
   pa_usec_t latency = 0;
   int negative = 0;
   // Before the server's first answer to the question, what was asked of it is the best guess.
-  if (pa_stream_get_latency(stream_, &latency, &negative) < 0) latency = latencyMs_ * 1000;
+  if (pa_stream_get_latency(stream_, &latency, &negative) < 0)
+    latency = pa_usec_t{latencyMs_} * 1000;
   if (negative != 0) latency = 0;
   return pulled_ - static_cast<std::int64_t>(latency * kSampleRate / 1000000);
 }

@@ -22,7 +22,7 @@ struct SeekStart {
 /// The resampler's phase repeats every so many samples; starting on such a point, and some way
 /// before the target so that its filter is filled, gives the frames that playing would have given.
 constexpr SeekStart seekStart(std::int64_t frame, int rate) {
-  if (rate == kSampleRate) return {frame, 0};
+  if (rate <= 0 || rate == kSampleRate) return {frame, 0};
   const std::int64_t common = std::gcd(rate, kSampleRate);
   const std::int64_t samplesPerTurn = rate / common;
   const std::int64_t framesPerTurn = kSampleRate / common;

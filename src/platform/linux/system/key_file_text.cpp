@@ -87,12 +87,11 @@ std::string unescapedValue(std::string_view value) {
     const char next = at + 1 < value.size() ? value[at + 1] : '\0';
     const int high = next == 'x' && at + 3 < value.size() ? hexDigit(value[at + 2]) : -1;
     const int low = high >= 0 ? hexDigit(value[at + 3]) : -1;
-    if (value[at] != '\\') {
-      out += value[at];
-    } else if (low >= 0) {
+    const char plain = plainFor(next);
+    if (value[at] == '\\' && low >= 0) {
       out += static_cast<char>(high * 16 + low);
       at += 3;
-    } else if (const char plain = plainFor(next); plain != 0) {
+    } else if (value[at] == '\\' && plain != 0) {
       out += plain;
       ++at;
     } else {

@@ -86,7 +86,7 @@ std::vector<controls::DriveEntry> PosixFileSystem::drives() const {
 }
 
 std::string PosixFileSystem::driveOf(const std::string& path) const {
-  const std::string root = volumeOf(drives(), path);
+  std::string root = volumeOf(drives(), path);
   if (root.empty()) throw platform::Failure(path + ": lies on no drive", ENOENT);
   return root;
 }

@@ -31,7 +31,7 @@ std::string ownFolder(const char* variable, const std::string& inHome) {
 }  // namespace
 
 std::string homeFolder() {
-  const std::string home = fromEnvironment("HOME");
+  std::string home = fromEnvironment("HOME");
   if (!home.empty()) return home;
   const passwd* user = getpwuid(getuid());
   return user && user->pw_dir && user->pw_dir[0] == '/' ? withoutSlashes(user->pw_dir) : "/";

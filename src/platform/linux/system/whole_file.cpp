@@ -46,7 +46,8 @@ void replaceWhole(const std::string& path, const std::string& bytes) {
 
 std::string setFileAside(const std::string& path, const std::string& suffix) {
   for (int n = 1; n < kMostSetAside; ++n) {
-    const std::string aside = path + "." + suffix + "-" + std::to_string(n);
+    std::string aside = path;
+    aside.append(".").append(suffix).append("-").append(std::to_string(n));
     struct stat status;
     if (lstat(aside.c_str(), &status) == 0) continue;
     if (rename(path.c_str(), aside.c_str()) != 0) throwSystemFailure(path);
