@@ -12,6 +12,7 @@ constexpr double kLongestStall = 1800;
 }  // namespace
 
 void HalfCount::tick(std::int32_t place, double now, bool fetched) {
+  if (bufferBytes_ == 0) return;  // nothing was started
   const double elapsed = now >= seen_ ? now - seen_ : now - seen_ + kDay;
   std::int64_t advance = place - place_;
   if (advance < 0) advance += bufferBytes_;

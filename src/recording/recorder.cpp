@@ -92,10 +92,15 @@ void recordsound2file::Start_Recording() {
   endedByTrouble_ = false;
   halves_ = HalfCount();
   MakeCaptureBuffer();
-  OpenWaveFile(fileName_);
+  try {
+    OpenWaveFile(fileName_);
+    captureBuffer_->startLooping();
+  } catch (const platform::Failure&) {
+    file_.reset();  // nothing may tick into it
+    throw;
+  }
   doors_.unfinished.remember(fileName_);
   noted_ = true;
-  captureBuffer_->startLooping();
   halves_ = HalfCount(bufferBytes_, waveFormat_.averageBytesPerSecond,
                       doors_.clock.secondsSinceMidnight());
 }

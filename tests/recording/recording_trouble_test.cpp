@@ -146,7 +146,7 @@ TEST_F(RecordingTrouble, ACaptureThatFailsForAMomentIsGotOver) {
 }
 
 TEST_F(RecordingTrouble, ANoteThatCannotBeWrittenStopsNoRecording) {
-  machine.failDoorCall(6);  // buffer, file, three pieces of header, note
+  machine.failDoorCall(7);  // buffer, file, three pieces of header, start, note
   start();
   EXPECT_EQ(unfinished.path(), "");
   recordFor(seconds(3));
