@@ -36,15 +36,6 @@ struct WindowsOutputBackend {
 };
 INSTANTIATE_TYPED_TEST_SUITE_P(Windows, OutputFilesContract, WindowsOutputBackend);
 
-std::string wordsOf(const std::function<void()>& call) {
-  try {
-    call();
-    return {};
-  } catch (const platform::Failure& failure) {
-    return failure.what();
-  }
-}
-
 TEST(WindowsOutput, NobodyRemovesWhatIsBeingWritten) {
   WindowsOutputBackend backend;
   backend.addFolder("takes");
@@ -61,24 +52,6 @@ TEST(WindowsOutput, OthersMayListenToWhatIsBeingWritten) {
   const auto file = backend.output().create(backend.path("a.wav"));
   file->append(asBytes("1234"));
   EXPECT_EQ(backend.contents("a.wav"), "1234");
-}
-
-TEST(WindowsOutput, BytesThatAnotherProgramLockedAreSaidToBe) {
-  WindowsOutputBackend backend;
-  const auto file = backend.output().create(backend.path("a.wav"));
-  file->append(asBytes("RIFF1234"));
-  const windows::SystemHandle other(CreateFileW(windows::systemPath(backend.path("a.wav")).c_str(),
-                                                GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE,
-                                                nullptr, OPEN_EXISTING, 0, nullptr));
-  ASSERT_TRUE(other);
-  ASSERT_TRUE(LockFile(other.get(), 0, 0, 1 << 20, 0));
-  EXPECT_NE(wordsOf([&] { file->writeAt(4, asBytes("5")); }), "");
-  EXPECT_NE(wordsOf([&] { file->append(asBytes("5")); }), "");
-  ASSERT_TRUE(UnlockFile(other.get(), 0, 0, 1 << 20, 0));
-  file->writeAt(4, asBytes("5"));
-  file->append(asBytes("5"));
-  file->close();
-  EXPECT_EQ(backend.contents("a.wav"), "RIFF52345");
 }
 
 TEST(WindowsOutput, TakesNamesOfAnyLengthAndAlphabet) {

@@ -26,6 +26,9 @@ std::shared_ptr<OpenFile> makeNew(const std::string& path) {
 }
 
 std::shared_ptr<OpenFile> openOld(const std::string& path) {
+  const DWORD attributes = GetFileAttributesW(systemPath(path).c_str());
+  if (attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_READONLY))
+    throwFailure(path, ERROR_ACCESS_DENIED);
   return std::make_shared<OpenFile>(path, GENERIC_READ | GENERIC_WRITE, OPEN_EXISTING, kOthersRead);
 }
 
