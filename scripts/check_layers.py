@@ -49,7 +49,8 @@ HOMES = (
     (r"(glib|gio|gobject)(/.*)?\.h|glib(-unix|/gstdio)?\.h", ("platform/linux/system",),
      ("linux_system",)),
     (r"(windows|windowsx|dshow|dsound|shellapi|shlobj|commctrl|commdlg|mmsystem|ole2|olectl|"
-     r"objbase|oleauto|wincodec|uuids|control|strmif|winreg|winuser)\.h", ("platform/windows",),
+     r"objbase|oleidl|oleauto|wincodec|uuids|control|strmif|winreg|winuser)\.h",
+     ("platform/windows",),
      ("windows_system", "windows_forms")),
     (r"(unistd|fcntl|dlfcn|dirent|poll|pthread|signal|spawn|mntent|fnmatch|glob|langinfo|iconv|"
      r"pwd|utime|locale)\.h|(sys|linux|netinet|arpa)/.*\.h", ("platform/linux",),

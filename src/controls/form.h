@@ -1,6 +1,8 @@
 // A window, as data.
 #pragma once
 
+#include <functional>
+#include <string>
 #include <vector>
 
 #include "controls/control.h"
@@ -57,6 +59,15 @@ class Form : public Control {
   base::Signal<> unload;
   /// The window sees keys before its controls. Return of the key to the control is not stopped.
   base::Signal<KeyPress> keyDown;
+
+  /// Files of the desktop are dragged over the window, given by their full paths: whether they may
+  /// be dropped on it, which the mouse shows. Asked when they come in; empty: nothing may.
+  std::function<bool(const std::vector<std::string>& paths)> takesFiles;
+  /// They were dropped. Raised when the desktop's drag is over, so that it may take its time.
+  base::Signal<const std::vector<std::string>&> filesDropped;
+  bool wouldTake(const std::vector<std::string>& paths) const {
+    return enabled() && !paths.empty() && takesFiles && takesFiles(paths);
+  }
 
   /// For window hosts.
   base::Signal<> forwardRequested;

@@ -80,11 +80,24 @@ void ListBox::setListIndex(int position) {
 
 bool ListBox::selected(int position) const {
   check(position);
+  if (selecting_ == Selecting::One) return position == listIndex_;
   return selected_[static_cast<std::size_t>(position)] != 0;
+}
+
+int ListBox::selectedCount() const {
+  if (selecting_ == Selecting::One) return listIndex_ < 0 ? 0 : 1;
+  return selectedCount_;
+}
+
+void ListBox::setSelecting(Selecting selecting) {
+  deselectAll();
+  selecting_ = selecting;
+  tell(Selection);
 }
 
 void ListBox::setSelected(int position, bool selected) {
   check(position);
+  if (selecting_ == Selecting::One) return;
   char& flag = selected_[static_cast<std::size_t>(position)];
   if ((flag != 0) == selected) return;
   flag = selected ? 1 : 0;
@@ -100,7 +113,7 @@ void ListBox::deselectAll() {
 }
 
 void ListBox::selectAll() {
-  if (selectedCount_ == count()) return;
+  if (selecting_ == Selecting::One || selectedCount_ == count()) return;
   std::fill(selected_.begin(), selected_.end(), char{1});
   selectedCount_ = count();
   tell(Selection);
@@ -120,6 +133,10 @@ void ListBox::userActivate(int position) {
   if (!enabled() || position < 0 || position >= count()) return;
   setListIndex(position);
   dblClick.raise();
+}
+
+void ListBox::userClickRow(int position, MouseButton button) {
+  if (enabled() && position >= -1 && position < count()) rowClick.raise(position, button);
 }
 
 }  // namespace nerolith::controls

@@ -21,6 +21,7 @@ struct RowMarks {
 /// nothing on screen. Events:
 /// - current position set to another value, by code or by the user: click.
 /// - selecting or deselecting entries, adding, removing: none.
+/// - a mouse button pressed and let go on the same place: rowClick.
 /// Positions count from 0; a position outside the list throws base::Failure and changes nothing.
 class ListBox : public Control {
  public:
@@ -45,7 +46,15 @@ class ListBox : public Control {
   void setSelected(int position, bool selected);
   void deselectAll();
   void selectAll();
-  int selectedCount() const { return selectedCount_; }
+  int selectedCount() const;
+
+  /// One: what is selected is the current entry, always, and the calls that select do nothing.
+  enum class Selecting { Many, One };
+  void setSelecting(Selecting selecting);
+
+  /// Shown quietly in the middle while the list has no entry.
+  const std::string& emptyHint() const { return emptyHint_; }
+  void setEmptyHint(std::string words) { assign(emptyHint_, std::move(words)); }
 
   /// Hides the list while it is walked: renderers are told once, at the end, and nothing repaints
   /// in between. Walks may nest.
@@ -65,6 +74,9 @@ class ListBox : public Control {
   base::Signal<> dblClick;
   /// A character was typed; 32 is the space bar.
   base::Signal<int> keyPress;
+  /// A button was pressed and let go on the entry at this position, or on the room below the
+  /// entries (-1). Whatever the left button makes current is so by then; a sweep is no click.
+  base::Signal<int, MouseButton> rowClick;
 
   /// For renderers. Entries came or went; the selection or the current position changed; what is
   /// drawn beside the entries (played, recent, playing) changed.
@@ -78,14 +90,17 @@ class ListBox : public Control {
   /// What the user does: makes `position` current (raises click), starts it (raises dblClick).
   void userMoveTo(int position);
   void userActivate(int position);
+  void userClickRow(int position, MouseButton button);
 
  private:
   enum Told { Items = 1, Selection = 2, Marks = 4 };
   void tell(int what);
   void check(int position) const;
 
+  std::string emptyHint_;
   std::vector<std::string> items_;
   std::vector<char> selected_;
+  Selecting selecting_ = Selecting::Many;
   int selectedCount_ = 0;
   int listIndex_ = -1;
   int walks_ = 0;

@@ -115,6 +115,7 @@ void setAccessibleNames(MainForm& f) {
   f.Label4.setAccessibleName("Total selected playtime");
   f.Label9.setAccessibleName("Song");
   f.List1.setAccessibleName("Songs");
+  f.List1.setEmptyHint("No songs in this folder");
   f.HScroll1.setAccessibleName("Position");
   f.Drive1.setAccessibleName("Drive");
   f.Dir1.setAccessibleName("Folders");

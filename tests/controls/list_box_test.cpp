@@ -200,5 +200,36 @@ TEST(ListBox, RemovingManyAtOnceIsTheSameAsOneByOne) {
   }
 }
 
+TEST(ListBox, OneThatSelectsOneHasTheCurrentEntrySelectedAndNoOther) {
+  Songs songs;
+  songs.list.setSelected(0, true);
+  songs.list.setSelecting(ListBox::Selecting::One);
+  EXPECT_EQ(songs.list.selectedCount(), 0);
+  songs.list.setListIndex(2);
+  songs.list.setSelected(1, true);
+  songs.list.selectAll();
+  EXPECT_EQ(songs.list.selectedCount(), 1);
+  EXPECT_TRUE(songs.list.selected(2));
+  EXPECT_FALSE(songs.list.selected(1));
+  songs.list.deselectAll();
+  EXPECT_TRUE(songs.list.selected(2));
+  songs.list.removeItem(2);
+  EXPECT_EQ(songs.list.selectedCount(), 0);
+}
+
+TEST(ListBox, AClickOnTheCurrentEntryIsAClickToo) {
+  Songs songs;
+  std::vector<int> rows;
+  const auto clicks =
+      songs.list.rowClick.subscribe([&](int row, MouseButton) { rows.push_back(row); });
+  songs.list.setListIndex(1);
+  songs.list.userClickRow(1, MouseButton::Left);
+  songs.list.userClickRow(-1, MouseButton::Right);
+  songs.list.userClickRow(4, MouseButton::Left);
+  songs.list.setEnabled(false);
+  songs.list.userClickRow(0, MouseButton::Left);
+  EXPECT_EQ(rows, (std::vector<int>{1, -1}));
+}
+
 }  // namespace
 }  // namespace nerolith::controls

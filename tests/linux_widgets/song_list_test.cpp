@@ -196,5 +196,26 @@ TEST_F(SongList, ExtendsOverHundredThousandEntries) {
   EXPECT_EQ(form.List1.listIndex(), 99999);
 }
 
+TEST_F(SongList, AButtonLetGoWhereItWentDownIsAClickOnThatEntry) {
+  std::vector<int> rows;
+  const auto clicks =
+      form.List1.rowClick.subscribe([&](int row, controls::MouseButton) { rows.push_back(row); });
+  click(2);
+  click(2);
+  QTest::mouseClick(list->viewport(), Qt::RightButton, {}, middleOf(4));
+  QTest::mouseClick(list->viewport(), Qt::LeftButton, {},
+                    QPoint(50, list->viewport()->height() - 3));
+  QTest::mousePress(list->viewport(), Qt::LeftButton, {}, middleOf(1));
+  QTest::mouseRelease(list->viewport(), Qt::LeftButton, {}, middleOf(3));
+  EXPECT_EQ(rows, (std::vector<int>{2, 2, 4, -1}));
+}
+
+TEST_F(SongList, TheSecondPressOfADoubleClickIsNoFurtherClick) {
+  heard.on(form.List1.rowClick, "row");
+  click(2);
+  QTest::mouseDClick(list->viewport(), Qt::LeftButton, {}, middleOf(2));
+  EXPECT_EQ(heard.all(), "click row start");
+}
+
 }  // namespace
 }  // namespace nerolith::widgets

@@ -2,17 +2,14 @@
 
 #include <windows.h>
 // After windows.h, which it needs.
-#include <objbase.h>
+#include <ole2.h>
 
 #include "platform/windows/failure_text.h"
 
 namespace nerolith::windows {
 
-ComApartment::ComApartment() {
-  require(CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED | COINIT_DISABLE_OLE1DDE),
-          "The component library");
-}
+ComApartment::ComApartment() { require(OleInitialize(nullptr), "The component library"); }
 
-ComApartment::~ComApartment() { CoUninitialize(); }
+ComApartment::~ComApartment() { OleUninitialize(); }
 
 }  // namespace nerolith::windows

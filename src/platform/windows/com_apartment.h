@@ -4,7 +4,7 @@
 namespace nerolith::windows {
 
 /// While it lives, its thread may use COM objects: the user-interface thread in an apartment of its
-/// own, which the system's dialogs want. Every COM object must be gone before it.
+/// own, which the system's dialogs and dragged files want. Every COM object must be gone before it.
 class ComApartment {
  public:
   /// Fails when the thread has entered an apartment of another kind.

@@ -11,6 +11,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "platform/linux/widgets/file_drop.h"
 #include "platform/linux/widgets/glass_colour.h"
 #include "platform/linux/widgets/key_names.h"
 #include "platform/linux/widgets/layout_builder.h"
@@ -45,6 +46,7 @@ void FormWindow::build() {
   for (const controls::Overlay& overlay : form_.overlays())
     if (QWidget* widget = builder.addOverlay(overlay))
       floating_.push_back({overlay, widget, builder.widgetOf(overlay.anchor)});
+  new FileDrop(*this, form_);
   watch(*this);
   for (QWidget* child : findChildren<QWidget*>()) watch(*child);
   resize(sizeHint());

@@ -44,11 +44,7 @@ struct Maker {
   }
   QWidget* operator()(controls::CheckBox* box) const { return makeCheckBox(*box, parent); }
   QWidget* operator()(controls::TextBox* box) const { return new TextLine(*box, look, parent); }
-  QWidget* operator()(controls::ListBox* list) const {
-    auto* view = new SongListView(*list, parent);
-    if (look == Look::SongList) view->setEmptyHint(QStringLiteral("No songs in this folder"));
-    return view;
-  }
+  QWidget* operator()(controls::ListBox* list) const { return new SongListView(*list, parent); }
   QWidget* operator()(controls::ScrollBar* bar) const { return new PositionSlider(*bar, parent); }
   QWidget* operator()(controls::ProgressBar* bar) const {
     if (look == Look::Meter) return new MeterBar(*bar, parent);

@@ -4,6 +4,7 @@
 #include <QMouseEvent>
 #include <QPainter>
 #include <algorithm>
+#include <utility>
 
 #include "platform/linux/widgets/control_binding.h"
 #include "platform/linux/widgets/quietly.h"
@@ -37,11 +38,6 @@ SongListView::SongListView(controls::ListBox& list, QWidget* parent)
       list_.selectionChanged.subscribe([this] { quietly([this] { followSelection(); }); }));
   subscriptions_.push_back(list_.marksChanged.subscribe([this] { viewport()->update(); }));
   followSelection();
-}
-
-void SongListView::setEmptyHint(const QString& words) {
-  emptyHint_ = words;
-  viewport()->update();
 }
 
 void SongListView::followItems() {
@@ -148,9 +144,10 @@ void SongListView::keyPressEvent(QKeyEvent* event) {
 
 void SongListView::mousePressEvent(QMouseEvent* event) {
   event->accept();
+  pressedRow_ = rowAt(event->position().toPoint(), false);
   if (event->button() != Qt::LeftButton) return;
   quietly([this, event] {
-    const int row = rowAt(event->position().toPoint(), false);
+    const int row = pressedRow_;
     if (row < 0) {
       if (!event->modifiers()) list_.deselectAll();
       return;
@@ -173,11 +170,21 @@ void SongListView::mouseMoveEvent(QMouseEvent* event) {
 void SongListView::mouseReleaseEvent(QMouseEvent* event) {
   event->accept();
   sweeping_ = false;
+  quietly([this, event] { letGo(*event); });
+}
+
+void SongListView::letGo(const QMouseEvent& event) {
+  const int row = rowAt(event.position().toPoint(), false);
+  if (std::exchange(pressedRow_, kNowhere) != row) return;
+  if (!viewport()->rect().contains(event.position().toPoint())) return;
+  if (event.button() == Qt::LeftButton) list_.userClickRow(row, controls::MouseButton::Left);
+  if (event.button() == Qt::RightButton) list_.userClickRow(row, controls::MouseButton::Right);
 }
 
 void SongListView::mouseDoubleClickEvent(QMouseEvent* event) {
   event->accept();
   sweeping_ = false;
+  pressedRow_ = kNowhere;
   if (event->button() != Qt::LeftButton) return;
   quietly([this, event] { list_.userActivate(rowAt(event->position().toPoint(), false)); });
 }
@@ -186,10 +193,11 @@ void SongListView::paintEvent(QPaintEvent* event) {
   {
     QPainter painter(viewport());
     painter.fillRect(event->rect(), theme::kWell);
-    if (list_.count() == 0 && !emptyHint_.isEmpty()) {
+    if (list_.count() == 0 && !list_.emptyHint().empty()) {
       painter.setFont(theme::fontFor(controls::Look::SongList));
       painter.setPen(theme::kFaintInk);
-      painter.drawText(viewport()->rect(), Qt::AlignCenter | Qt::TextWordWrap, emptyHint_);
+      painter.drawText(viewport()->rect(), Qt::AlignCenter | Qt::TextWordWrap,
+                       QString::fromStdString(list_.emptyHint()));
     }
   }
   QListView::paintEvent(event);

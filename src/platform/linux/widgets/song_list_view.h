@@ -20,9 +20,6 @@ class SongListView : public QListView {
 
   QSize sizeHint() const override { return {790, 286}; }
 
-  /// Shown quietly in the middle while the list has no entry.
-  void setEmptyHint(const QString& words);
-
  protected:
   bool event(QEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
@@ -43,13 +40,16 @@ class SongListView : public QListView {
   void reach(int row, Qt::KeyboardModifiers modifiers);
   void selectRange(int from, int to);
   void toggle(int row);
+  void letGo(const QMouseEvent& event);
+
+  static constexpr int kNowhere = -2;
 
   controls::ListBox& list_;
   SongListModel* model_;
   std::vector<base::Subscription> subscriptions_;
   EchoGuard echo_;
-  QString emptyHint_;
   int anchor_ = 0;
+  int pressedRow_ = kNowhere;  // where the button went down that is to be let go there
   bool sweeping_ = false;
 };
 

@@ -15,6 +15,7 @@ TextLine::TextLine(controls::TextBox& box, controls::Look look, QWidget* parent)
   setFont(theme::fontFor(controls::Look::Plain));
   setFrame(false);
   setReadOnly(look == controls::Look::Well);
+  setAcceptDrops(!isReadOnly());  // else it would keep files from the window that takes them
   setTextMargins(8, 0, 8, 0);
   QPalette clear = palette();
   clear.setColor(QPalette::Base, Qt::transparent);

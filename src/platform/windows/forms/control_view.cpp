@@ -46,6 +46,12 @@ void ControlView::place(const RECT& area) {
 
 std::optional<LRESULT> ControlView::onParentMessage(UINT, WPARAM, LPARAM) { return std::nullopt; }
 
+POINT ControlView::menuPlace() const {
+  RECT area;
+  GetWindowRect(handle(), &area);
+  return {area.left, area.bottom};
+}
+
 void ControlView::repaint() { InvalidateRect(handle(), nullptr, FALSE); }
 
 void ControlView::setName(const std::wstring& name) {

@@ -42,6 +42,8 @@ class ControlView : public Window {
   /// The access key was pressed.
   virtual void accessKeyPressed() {}
   virtual wchar_t accessKey() const { return 0; }
+  /// Where the corner of a menu that a key opens belongs, on the screen: below the window.
+  virtual POINT menuPlace() const;
 
   bool shown() const { return control_.visible(); }
   bool takesFocus() const;

@@ -36,7 +36,10 @@ bool FormWindow::takesMessage(const MSG& message) {
 
 void FormWindow::keyPressed(const MSG& message) {
   lastInputWasKey_ = true;
-  quietly([&] { form_.keyDown.raise(keyPressOf(message.wParam, message.lParam)); });
+  controls::KeyPress press = keyPressOf(message.wParam, message.lParam);
+  // The other way to the menu, on keyboards that have no key for it.
+  if (press.key == controls::Key::F10 && press.shift) press = {controls::Key::Menu};
+  quietly([&] { form_.keyDown.raise(press); });
 }
 
 bool FormWindow::navigated(const MSG& message) {

@@ -14,6 +14,7 @@ namespace {
 
 constexpr UINT kLayOut = WM_APP;
 constexpr UINT kPopUp = WM_APP + 1;
+constexpr UINT kFilesDropped = WM_APP + 2;
 constexpr int kOverlayMargin = 14;
 constexpr int kLowestOverlay = 60;
 
@@ -27,12 +28,16 @@ FormWindow::FormWindow(controls::Form& form) : form_(form) {
                               WS_POPUP | TTS_ALWAYSTIP | TTS_NOPREFIX, 0, 0, 0, 0, handle(),
                               nullptr, GetModuleHandleW(nullptr), nullptr);
   build();
+  drop_ = std::make_unique<FileDrop>(handle(), kFilesDropped, form_);
   subscribe();
   takeSize();
   followForm();
 }
 
-FormWindow::~FormWindow() { layout_.reset(); }
+FormWindow::~FormWindow() {
+  drop_.reset();
+  layout_.reset();
+}
 
 void FormWindow::build() {
   layout_ = std::make_unique<FormLayout>(static_cast<FormGround&>(*this), form_.layout());
@@ -184,11 +189,8 @@ void FormWindow::popUp() {
   POINT where;
   GetCursorPos(&where);
   const HWND focus = GetFocus();
-  if (lastInputWasKey_ && focus && IsChild(handle(), focus)) {
-    RECT area;
-    GetWindowRect(focus, &area);
-    where = {area.left, area.bottom};
-  }
+  const auto* view = focus ? dynamic_cast<const ControlView*>(of(focus)) : nullptr;
+  if (lastInputWasKey_ && view && IsChild(handle(), focus)) where = view->menuPlace();
   showPopUpMenu(handle(), *menu, where);
 }
 
@@ -276,6 +278,8 @@ std::optional<LRESULT> FormWindow::onMessage(UINT message, WPARAM first, LPARAM 
       return layOut(), 0;
     case kPopUp:
       return popUp(), 0;
+    case kFilesDropped:
+      return quietly([this] { drop_->handOver(); }), 0;
     default:
       return std::nullopt;
   }

@@ -6,6 +6,7 @@
 
 #include "controls/form.h"
 #include "platform/windows/forms/backdrop.h"
+#include "platform/windows/forms/file_drop.h"
 #include "platform/windows/forms/form_layout.h"
 
 namespace nerolith::windows_forms {
@@ -73,6 +74,7 @@ class FormWindow : public Window, private FormGround {
   std::unique_ptr<Theme> theme_;
   Backdrop backdrop_;
   std::unique_ptr<FormLayout> layout_;
+  std::unique_ptr<FileDrop> drop_;
   std::vector<Floating> floating_;
   std::vector<base::Subscription> subscriptions_;
   const controls::MenuItem* waitingMenu_ = nullptr;

@@ -203,7 +203,7 @@ void SongListView::search(wchar_t sign) {
 
 void SongListView::pressed(LPARAM where, WPARAM held) {
   SetFocus(handle());
-  const int row = rowAt(where, false);
+  const int row = pressedRow_ = rowAt(where, false);
   const bool shift = held & MK_SHIFT;
   const bool control = held & MK_CONTROL;
   if (row < 0) {
@@ -222,8 +222,30 @@ void SongListView::swept(LPARAM where) {
   if (row >= 0 && row != list_.listIndex()) reach(row, true, false);
 }
 
+void SongListView::letGo(LPARAM where, controls::MouseButton button) {
+  RECT room;
+  GetClientRect(handle(), &room);
+  const bool inside = PtInRect(&room, {GET_X_LPARAM(where), GET_Y_LPARAM(where)}) != FALSE;
+  const int row = rowAt(where, false);
+  if (std::exchange(pressedRow_, kNowhere) == row && inside) list_.userClickRow(row, button);
+}
+
+/// Below the current entry where it is in sight, else at the top.
+POINT SongListView::menuPlace() const {
+  RECT row{};
+  RECT room;
+  GetClientRect(handle(), &room);
+  const int now = list_.listIndex();
+  if (now >= 0) ListView_GetItemRect(handle(), now, &row, LVIR_BOUNDS);
+  const bool seen = now >= 0 && row.bottom > 0 && row.top < room.bottom;
+  POINT place{theme().px(32), seen ? std::min(row.bottom, room.bottom) : theme().px(8)};
+  ClientToScreen(handle(), &place);
+  return place;
+}
+
 void SongListView::activated(LPARAM where) {
   sweeping_ = false;
+  pressedRow_ = kNowhere;
   list_.userActivate(rowAt(where, false));
 }
 
@@ -236,10 +258,13 @@ std::optional<LRESULT> SongListView::onOwnMessage(UINT message, WPARAM first, LP
     case WM_MOUSEMOVE:
       return quietly([&] { swept(second); }), 0;
     case WM_LBUTTONUP:
-      return sweeping_ = false, ReleaseCapture(), 0;
+      sweeping_ = false;
+      ReleaseCapture();
+      return quietly([&] { letGo(second, controls::MouseButton::Left); }), 0;
     case WM_RBUTTONDOWN:
+      return pressedRow_ = rowAt(second, false), 0;
     case WM_RBUTTONUP:
-      return 0;
+      return quietly([&] { letGo(second, controls::MouseButton::Right); }), 0;
     case WM_KEYDOWN:
       return quietly([&] { keyDown(first); }), 0;
     case WM_CHAR:
@@ -278,11 +303,24 @@ void SongListView::drawRow(HDC target, int row) {
   BitBlt(target, 0, area.top, seen, area.bottom - area.top, canvas.dc(), 0, 0, SRCCOPY);
 }
 
+void SongListView::drawHint(HDC target) {
+  const int width =
+      static_cast<int>(placed().right - placed().left) - GetSystemMetrics(SM_CXVSCROLL);
+  const int height = static_cast<int>(placed().bottom - placed().top);
+  if (list_.count() > 0 || list_.emptyHint().empty() || width <= 0 || height <= 0) return;
+  Canvas canvas(width, height);
+  canvas.fillRect({0, 0, width, height}, ink::kWell);
+  theme().drawText(canvas, wideOf(list_.emptyHint()), {0, 0, width, height},
+                   theme().font(controls::Look::SongList), ink::kFaint, Align::Centre);
+  BitBlt(target, 0, 0, width, height, canvas.dc(), 0, 0, SRCCOPY);
+}
+
 LRESULT SongListView::drawn(const NMLVCUSTOMDRAW& draw) {
   if (draw.nmcd.dwDrawStage == CDDS_PREPAINT) {
     bar_->follow();
-    return CDRF_NOTIFYITEMDRAW;
+    return CDRF_NOTIFYITEMDRAW | CDRF_NOTIFYPOSTPAINT;
   }
+  if (draw.nmcd.dwDrawStage == CDDS_POSTPAINT) drawHint(draw.nmcd.hdc);
   if (draw.nmcd.dwDrawStage != CDDS_ITEMPREPAINT) return CDRF_DODEFAULT;
   const int row = static_cast<int>(draw.nmcd.dwItemSpec);
   if (row < list_.count()) drawRow(draw.nmcd.hdc, row);

@@ -28,6 +28,7 @@ class SongListView : public ControlView {
   void paintOnPanel(Canvas& canvas, const Area& area) const override;
   void themeChanged() override;
   std::optional<LRESULT> onParentMessage(UINT message, WPARAM first, LPARAM second) override;
+  POINT menuPlace() const override;
 
  protected:
   void refresh() override { repaint(); }
@@ -44,6 +45,8 @@ class SongListView : public ControlView {
   bool moveByKey(WPARAM key);
   bool keyDown(WPARAM key);
   void typed(wchar_t sign);
+  void letGo(LPARAM where, controls::MouseButton button);
+  void drawHint(HDC target);
   void search(wchar_t sign);
   void pressed(LPARAM where, WPARAM held);
   void swept(LPARAM where);
@@ -52,6 +55,8 @@ class SongListView : public ControlView {
   LRESULT drawn(const NMLVCUSTOMDRAW& draw);
   void drawRow(HDC target, int row);
 
+  static constexpr int kNowhere = -2;
+
   controls::ListBox& list_;
   std::unique_ptr<SlimScrollBar> bar_;
   HIMAGELIST rowHeight_ = nullptr;
@@ -59,6 +64,7 @@ class SongListView : public ControlView {
   DWORD soughtAt_ = 0;
   int anchor_ = 0;
   int current_ = -1;
+  int pressedRow_ = kNowhere;  // where the button went down that is to be let go there
   bool sweeping_ = false;
   mutable std::wstring answered_;  // the text last handed to the class
 };
