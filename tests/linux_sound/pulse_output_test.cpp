@@ -8,6 +8,7 @@
 
 #include "contracts/filter_graph_contract.h"
 #include "linux_sound/private_sound_server.h"
+#include "linux_sound/real_time.h"
 #include "linux_sound/sound_files.h"
 #include "linux_sound/wave_file.h"
 #include "platform/linux/sound/sound_engine.h"
@@ -15,24 +16,7 @@
 namespace nerolith::sound_tests {
 namespace {
 
-using Clock = std::chrono::steady_clock;
 using Frames = std::vector<Frame>;
-
-void pass(double seconds) { std::this_thread::sleep_for(std::chrono::duration<double>(seconds)); }
-
-double secondsSince(Clock::time_point start) {
-  return std::chrono::duration<double>(Clock::now() - start).count();
-}
-
-template <class Done>
-bool within(double seconds, Done done) {
-  const auto start = Clock::now();
-  while (!done()) {
-    if (secondsSince(start) > seconds) return false;
-    pass(0.005);
-  }
-  return true;
-}
 
 class OnServer : public testing::Test {
  protected:
@@ -290,6 +274,18 @@ TEST_F(OnServer, ServerThatHangsFromTheBeginningIsTold) {
   server->thaw();
   EXPECT_TRUE(told);
   EXPECT_TRUE(within(4, [&] { return graph->currentPosition() > 0.3; }));
+  EXPECT_EQ(engine.soundTrouble(), "");
+}
+
+TEST_F(OnServer, PlayingGoesOnWhenTheOnlyDeviceIsTakenAwayAndAnotherComes) {
+  const auto graph = rendered(numbered(30));
+  graph->run();
+  pass(0.6);
+  ASSERT_TRUE(runTool("pactl unload-module module-null-sink"));
+  ASSERT_TRUE(within(2, [&] { return !engine.soundTrouble().empty(); }));
+  const double lost = graph->currentPosition();
+  ASSERT_TRUE(runTool("pactl load-module module-null-sink sink_name=other norewinds=1"));
+  EXPECT_TRUE(within(5, [&] { return graph->currentPosition() > lost + 0.3; }));
   EXPECT_EQ(engine.soundTrouble(), "");
 }
 

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "platform/linux/sound/server_link.h"
 #include "platform/linux/sound/urgent_thread.h"
 
 namespace nerolith::sound {
@@ -23,17 +24,6 @@ std::uint32_t bytesOf(std::uint32_t milliseconds) {
   return milliseconds * kSampleRate / 1000 * static_cast<std::uint32_t>(sizeof(Frame));
 }
 
-class Locked {
- public:
-  explicit Locked(pa_threaded_mainloop* loop) : loop_(loop) { pa_threaded_mainloop_lock(loop_); }
-  ~Locked() { pa_threaded_mainloop_unlock(loop_); }
-  Locked(const Locked&) = delete;
-  Locked& operator=(const Locked&) = delete;
-
- private:
-  pa_threaded_mainloop* loop_;
-};
-
 }  // namespace
 
 PulseOutput::PulseOutput(DeckMixer& mixer) : mixer_(mixer), latencyMs_(kLatencyMs) {}
@@ -41,7 +31,7 @@ PulseOutput::PulseOutput(DeckMixer& mixer) : mixer_(mixer), latencyMs_(kLatencyM
 PulseOutput::~PulseOutput() {
   if (loop_ == nullptr) return;
   {
-    const Locked locked(loop_);
+    const LoopLock locked(loop_);
     dropConnection();
     if (timer_ != nullptr) pa_threaded_mainloop_get_api(loop_)->time_free(timer_);
   }
@@ -55,19 +45,19 @@ void PulseOutput::prepare() {
     pa_threaded_mainloop_set_name(loop_, "sound output");
     pa_threaded_mainloop_start(loop_);
   }
-  const Locked locked(loop_);
+  const LoopLock locked(loop_);
   if (context_ == nullptr) connect();
 }
 
 void PulseOutput::wake() {
   prepare();
-  const Locked locked(loop_);
+  const LoopLock locked(loop_);
   if (ready() && !playing_) play();
 }
 
 std::int64_t PulseOutput::heardFrames() const {
   if (loop_ == nullptr) return 0;
-  const Locked locked(loop_);
+  const LoopLock locked(loop_);
   if (!ready() || !playing_) return pulled_;
   pa_usec_t latency = 0;
   int negative = 0;
@@ -85,17 +75,12 @@ std::string PulseOutput::trouble() const {
 
 std::uint64_t PulseOutput::underRuns() const {
   if (loop_ == nullptr) return 0;
-  const Locked locked(loop_);
+  const LoopLock locked(loop_);
   return underRuns_;
 }
 
 void PulseOutput::connect() {
-  pa_proplist* about = pa_proplist_new();
-  pa_proplist_sets(about, PA_PROP_APPLICATION_NAME, "Nerolith");
-  pa_proplist_sets(about, PA_PROP_APPLICATION_ID, "velmarion");
-  pa_proplist_sets(about, PA_PROP_APPLICATION_ICON_NAME, "velmarion");
-  context_ = pa_context_new_with_proplist(pa_threaded_mainloop_get_api(loop_), "Nerolith", about);
-  pa_proplist_free(about);
+  context_ = newPlayerContext(loop_);
   pa_context_set_state_callback(
       context_, [](pa_context*, void* self) { static_cast<PulseOutput*>(self)->contextChanged(); },
       this);
@@ -148,7 +133,12 @@ void PulseOutput::openStream() {
     return;
   }
   pa_stream_set_state_callback(
-      stream_, [](pa_stream*, void* self) { static_cast<PulseOutput*>(self)->streamChanged(); },
+      stream_,
+      [](pa_stream* stream, void* self) {
+        auto* output = static_cast<PulseOutput*>(self);
+        // A stream that the server ended keeps its callback, and is told of the end once more.
+        if (stream == output->stream_) output->streamChanged();
+      },
       this);
   pa_stream_set_write_callback(
       stream_,
@@ -218,15 +208,15 @@ void PulseOutput::play() {
   idleLooks_ = 0;
   const std::size_t room = pa_stream_writable_size(stream_);
   if (room != static_cast<std::size_t>(-1) && room > 0) pull(room);
-  if (pa_operation* asked = pa_stream_cork(stream_, 0, nullptr, nullptr)) pa_operation_unref(asked);
+  dontWait(pa_stream_cork(stream_, 0, nullptr, nullptr));
   lookAgainIn(kLookEvery);
 }
 
 void PulseOutput::standStill() {
   playing_ = false;
-  if (pa_operation* asked = pa_stream_cork(stream_, 1, nullptr, nullptr)) pa_operation_unref(asked);
+  dontWait(pa_stream_cork(stream_, 1, nullptr, nullptr));
   // The silence still waiting would delay the next song's first sound.
-  if (pa_operation* asked = pa_stream_flush(stream_, nullptr, nullptr)) pa_operation_unref(asked);
+  dontWait(pa_stream_flush(stream_, nullptr, nullptr));
 }
 
 void PulseOutput::pull(std::size_t bytes) {
@@ -251,9 +241,7 @@ void PulseOutput::ranDry() {
   if (latencyMs_ >= kMostLatencyMs) return;
   latencyMs_ = std::min(latencyMs_ + kRequestMs / 2, kMostLatencyMs);
   const pa_buffer_attr wish = bufferWish();
-  if (pa_operation* asked = pa_stream_set_buffer_attr(stream_, &wish, nullptr, nullptr)) {
-    pa_operation_unref(asked);
-  }
+  dontWait(pa_stream_set_buffer_attr(stream_, &wish, nullptr, nullptr));
 }
 
 /// Once a second while something should be heard or a connection is made: a lost server is tried

@@ -88,13 +88,35 @@ double LazySoundEngine::startDelay() const {
 }
 
 platform::FilterGraphFactory& LazySoundEngine::engine() {
+  needModule();
+  return *engine_;
+}
+
+void LazySoundEngine::needModule() {
   if (!begun_) {
     begun_ = true;
     load();
   }
   if (loader_.joinable()) loader_.join();
   if (!engine_) throw Failure(trouble_);
-  return *engine_;
+}
+
+template <class Door>
+std::unique_ptr<Door> LazySoundEngine::made(const char* function) {
+  needModule();
+  using Create = Door*();
+  auto* create = reinterpret_cast<Create*>(::dlsym(module_, function));
+  std::unique_ptr<Door> door(create == nullptr ? nullptr : create());
+  if (!door) throw Failure("The sound module does not belong to this program.");
+  return door;
+}
+
+std::unique_ptr<platform::SoundCapture> LazySoundEngine::createCapture() {
+  return made<platform::SoundCapture>("nerolith_createSoundCapture");
+}
+
+std::unique_ptr<platform::CalibrationTone> LazySoundEngine::createTone() {
+  return made<platform::CalibrationTone>("nerolith_createCalibrationTone");
 }
 
 void LazySoundEngine::load() {
@@ -111,6 +133,7 @@ void LazySoundEngine::load() {
     using Create = platform::FilterGraphFactory*();
     auto* create = reinterpret_cast<Create*>(::dlsym(module, "nerolith_createSoundEngine"));
     if (create != nullptr) engine_.reset(create());
+    module_ = module;
     if (engine_) break;
     reason = "it does not belong to this program";
   }

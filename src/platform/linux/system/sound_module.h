@@ -8,7 +8,9 @@
 #include <thread>
 #include <vector>
 
+#include "platform/calibration_tone.h"
 #include "platform/filter_graph.h"
+#include "platform/sound_capture.h"
 
 namespace nerolith::system {
 
@@ -37,14 +39,21 @@ class LazySoundEngine : public platform::FilterGraphFactory {
 
   /// The real engine, loaded if need be. Fails if it cannot be had.
   platform::FilterGraphFactory& engine();
+  /// The module's other doors (see lazy_capture.h); fail likewise.
+  std::unique_ptr<platform::SoundCapture> createCapture();
+  std::unique_ptr<platform::CalibrationTone> createTone();
 
  private:
   void load();
+  void needModule();
+  template <class Door>
+  std::unique_ptr<Door> made(const char* function);
 
   std::vector<std::filesystem::path> places_;
   std::thread loader_;
   bool begun_ = false;
   // Written by `load`, read once it is known to be over.
+  void* module_ = nullptr;
   std::unique_ptr<platform::FilterGraphFactory> engine_;
   std::string trouble_;
   std::atomic<bool> over_{false};
