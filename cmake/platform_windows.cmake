@@ -3,7 +3,7 @@
 nerolith_sources(windows_sources platform/windows)
 list(FILTER windows_sources EXCLUDE REGEX "/main\\.cpp$")
 nerolith_layer(nerolith_windows_system SOURCES ${windows_sources}
-               USES nerolith_core strmiids ole32 oleaut32 uuid dsound dxguid shell32 winmm comdlg32
+               USES nerolith_core strmiids ole32 oleaut32 uuid dxguid shell32 winmm comdlg32
                     mpr gdi32 windowscodecs user32)
 
 nerolith_sources(form_sources platform/windows/forms)

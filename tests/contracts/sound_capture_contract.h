@@ -102,15 +102,6 @@ TYPED_TEST_P(SoundCaptureContract, SilenceIsCapturedAsSilence) {
   EXPECT_EQ(newestPeak(*buffer, this->kBytes, 0.2), 0);
 }
 
-TYPED_TEST_P(SoundCaptureContract, StopFreezesTheCursor) {
-  const auto buffer = this->running();
-  this->waitForSound(buffer);
-  buffer->stop();
-  const auto stopped = buffer->cursors().read;
-  this->rig.pass(0.3);
-  EXPECT_EQ(buffer->cursors().read, stopped);
-}
-
 TYPED_TEST_P(SoundCaptureContract, StoppedBufferKeepsItsSoundAndGoesOnFromThere) {
   this->rig.play(20000);
   const auto buffer = this->running();
@@ -126,7 +117,7 @@ TYPED_TEST_P(SoundCaptureContract, StoppedBufferKeepsItsSoundAndGoesOnFromThere)
   EXPECT_LT((now - stopped + this->kBytes) % this->kBytes, 176400);
 }
 
-TYPED_TEST_P(SoundCaptureContract, StartingAndStoppingTwiceIsNoHarm) {
+TYPED_TEST_P(SoundCaptureContract, StopFreezesTheCursorAndDoingThingsTwiceIsNoHarm) {
   const auto buffer = this->running();
   this->waitForSound(buffer);
   this->rig.pass(0.3);
@@ -136,6 +127,7 @@ TYPED_TEST_P(SoundCaptureContract, StartingAndStoppingTwiceIsNoHarm) {
   buffer->stop();
   const auto stopped = buffer->cursors().read;
   EXPECT_NO_THROW(buffer->stop());
+  this->rig.pass(0.3);
   EXPECT_EQ(buffer->cursors().read, stopped);
 }
 
@@ -155,13 +147,6 @@ TYPED_TEST_P(SoundCaptureContract, ReadingGoesRoundTheBuffersEnd) {
   EXPECT_GT(peakOf(both), 19000);
 }
 
-TYPED_TEST_P(SoundCaptureContract, WholeBufferMayBeReadFromAnyPlace) {
-  const auto buffer = this->fresh();
-  std::vector<std::int16_t> samples(this->kBytes / 2, 1);
-  buffer->read(this->kBytes - 4, this->kBytes, samples);
-  EXPECT_EQ(peakOf(samples), 0);
-}
-
 TYPED_TEST_P(SoundCaptureContract, ReadingLeavesTheRestOfTheSamplesAsTheyWere) {
   const auto buffer = this->fresh();
   std::vector<std::int16_t> samples(20, 7);
@@ -173,9 +158,10 @@ TYPED_TEST_P(SoundCaptureContract, ReadingLeavesTheRestOfTheSamplesAsTheyWere) {
   EXPECT_EQ(samples[19], 7);
 }
 
-TYPED_TEST_P(SoundCaptureContract, ReadingOutsideTheBufferFails) {
+TYPED_TEST_P(SoundCaptureContract, AllOfTheBufferMayBeReadFromAnyPlaceAndNoMore) {
   const auto buffer = this->fresh();
   std::vector<std::int16_t> samples(this->kBytes / 2 + 100);
+  EXPECT_NO_THROW(buffer->read(this->kBytes - 4, this->kBytes, samples));
   EXPECT_THROW(buffer->read(-2, 4, samples), platform::Failure);
   EXPECT_THROW(buffer->read(this->kBytes, 4, samples), platform::Failure);
   EXPECT_THROW(buffer->read(0, -2, samples), platform::Failure);
@@ -203,11 +189,12 @@ REGISTER_TYPED_TEST_SUITE_P(SoundCaptureContract, FreshBufferStandsAtZeroAndHold
                             ReadCursorFollowsTheClock, CursorsAreWholeSamplesInsideTheBuffer,
                             CursorGoesRoundAndRoundAsFastAsTheClock,
                             WhatIsPlayedIsCapturedAtItsLevel, SilenceIsCapturedAsSilence,
-                            StopFreezesTheCursor, StoppedBufferKeepsItsSoundAndGoesOnFromThere,
-                            StartingAndStoppingTwiceIsNoHarm, ReadingGoesRoundTheBuffersEnd,
-                            WholeBufferMayBeReadFromAnyPlace,
+                            StoppedBufferKeepsItsSoundAndGoesOnFromThere,
+                            StopFreezesTheCursorAndDoingThingsTwiceIsNoHarm,
+                            ReadingGoesRoundTheBuffersEnd,
+
                             ReadingLeavesTheRestOfTheSamplesAsTheyWere,
-                            ReadingOutsideTheBufferFails, NewBufferBeginsAtZeroAgain,
-                            ThereIsNoTroubleWhileAllIsWell);
+                            AllOfTheBufferMayBeReadFromAnyPlaceAndNoMore,
+                            NewBufferBeginsAtZeroAgain, ThereIsNoTroubleWhileAllIsWell);
 
 }  // namespace nerolith::contracts

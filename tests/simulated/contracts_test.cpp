@@ -2,10 +2,12 @@
 
 #include <algorithm>
 
+#include "contracts/calibration_tone_contract.h"
 #include "contracts/clock_contract.h"
 #include "contracts/dialogs_contract.h"
 #include "contracts/file_system_contract.h"
 #include "contracts/settings_store_contract.h"
+#include "contracts/sound_capture_contract.h"
 #include "platform/simulated/simulated_machine.h"
 
 namespace nerolith::contracts {
@@ -61,6 +63,27 @@ struct SimulatedDialogsBackend {
   SimulatedMachine machine;
 };
 INSTANTIATE_TYPED_TEST_SUITE_P(Simulated, DialogsContract, SimulatedDialogsBackend);
+
+class SimulatedSoundRig : public SoundRig {
+ public:
+  platform::SoundCapture& capture() override { return machine_.capture; }
+  platform::CalibrationTone& tone() override { return machine_.tone; }
+  void play(int peak) override {
+    machine_.capture.setSound([peak](std::int64_t) { return static_cast<std::int16_t>(peak); });
+  }
+  int heard() override { return machine_.tone.playing() ? peakOf(machine_.tone.samples()) : 0; }
+  void pass(double seconds) override {
+    machine_.advance(std::chrono::duration_cast<std::chrono::milliseconds>(
+        std::chrono::duration<double>(seconds)));
+  }
+  double slack() const override { return 0.001; }
+
+ private:
+  SimulatedMachine machine_;
+};
+
+INSTANTIATE_TYPED_TEST_SUITE_P(Simulated, SoundCaptureContract, SimulatedSoundRig);
+INSTANTIATE_TYPED_TEST_SUITE_P(Simulated, CalibrationToneContract, SimulatedSoundRig);
 
 }  // namespace
 }  // namespace nerolith::contracts

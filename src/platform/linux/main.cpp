@@ -6,6 +6,7 @@
 #include "app/program.h"
 #include "platform/linux/command_words.h"
 #include "platform/linux/system/ini_settings_store.h"
+#include "platform/linux/system/lazy_capture.h"
 #include "platform/linux/system/posix_byte_files.h"
 #include "platform/linux/system/posix_file_system.h"
 #include "platform/linux/system/posix_output_files.h"
@@ -18,7 +19,6 @@
 #include "platform/linux/widgets/qt_event_queue.h"
 #include "platform/linux/widgets/qt_picture_loader.h"
 #include "platform/linux/widgets/qt_window_host.h"
-#include "platform/no_capture.h"
 
 namespace {
 
@@ -60,8 +60,8 @@ int runPlayer(int argc, char** argv, const std::string& commandLine) {
   system::IniSettingsStore settings;
   system::SystemClock clock;
   system::LazySoundEngine sound;
-  platform::NoSoundCapture capture;
-  platform::NoCalibrationTone tone;
+  system::LazyCapture capture(sound);
+  system::LazyTone tone(sound);
   system::PosixOutputFiles output;
   const platform::Machine machine{sound,   files, settings, dialogs, pictures, clock, events,
                                   windows, bytes, encoding, capture, tone,     output};

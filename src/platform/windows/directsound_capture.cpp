@@ -25,6 +25,9 @@ class DirectSoundCaptureBuffer : public CaptureBuffer {
     description.dwBufferBytes = static_cast<DWORD>(bytes);
     description.lpwfxFormat = &wave;
     requireSound(device.CreateCaptureBuffer(&description, buffer_.out(), nullptr), kWhat);
+    // A device may go on where it stopped with its last buffer; ours begin at their start.
+    DWORD capture = 0;
+    buffer_->GetCurrentPosition(&capture, &origin_);
     // What the memory held before is not sound.
     visit(0, bytes, [](void* place, DWORD count, std::size_t) { std::memset(place, 0, count); });
   }
@@ -37,7 +40,7 @@ class DirectSoundCaptureBuffer : public CaptureBuffer {
   CaptureCursors cursors() const override {
     DWORD capture = 0, read = 0;
     requireSound(buffer_->GetCurrentPosition(&capture, &read), kWhat);
-    return {static_cast<std::int32_t>(capture), static_cast<std::int32_t>(read)};
+    return {fromOrigin(capture), fromOrigin(read)};
   }
   void read(std::int32_t start, std::int32_t bytes,
             std::span<std::int16_t> samples) const override {
@@ -53,6 +56,12 @@ class DirectSoundCaptureBuffer : public CaptureBuffer {
   }
 
  private:
+  /// A place in the device's memory as one in this buffer.
+  std::int32_t fromOrigin(DWORD place) const {
+    const auto size = static_cast<DWORD>(bytes_);
+    return static_cast<std::int32_t>((place + size - origin_) % size);
+  }
+
   /// Locks a stretch of the buffer; `use(place, count, offset)` is called for each of its one or
   /// two pieces.
   template <class Use>
@@ -60,8 +69,9 @@ class DirectSoundCaptureBuffer : public CaptureBuffer {
     void* first = nullptr;
     void* second = nullptr;
     DWORD firstCount = 0, secondCount = 0;
-    requireSound(buffer_->Lock(static_cast<DWORD>(start), static_cast<DWORD>(bytes), &first,
-                               &firstCount, &second, &secondCount, 0),
+    const DWORD place = (static_cast<DWORD>(start) + origin_) % static_cast<DWORD>(bytes_);
+    requireSound(buffer_->Lock(place, static_cast<DWORD>(bytes), &first, &firstCount, &second,
+                               &secondCount, 0),
                  kWhat);
     if (first != nullptr) use(first, firstCount, 0);
     if (second != nullptr) use(second, secondCount, firstCount);
@@ -69,6 +79,7 @@ class DirectSoundCaptureBuffer : public CaptureBuffer {
   }
 
   const std::int32_t bytes_;
+  DWORD origin_ = 0;  // where in the device's memory this buffer begins
   ComPointer<IDirectSoundCaptureBuffer> buffer_;
 };
 

@@ -6,9 +6,10 @@
 #include <string_view>
 
 #include "app/program.h"
-#include "platform/no_capture.h"
 #include "platform/windows/com_apartment.h"
 #include "platform/windows/directshow_graphs.h"
+#include "platform/windows/directsound_capture.h"
+#include "platform/windows/directsound_tone.h"
 #include "platform/windows/forms/win32_event_queue.h"
 #include "platform/windows/forms/win32_window_host.h"
 #include "platform/windows/registry_store.h"
@@ -94,8 +95,8 @@ int runPlayer(const std::string& commandLine) {
   windows::RegistryStore settings;
   windows::SystemClock clock;
   windows::DirectShowGraphs sound;
-  platform::NoSoundCapture capture;
-  platform::NoCalibrationTone tone;
+  windows::DirectSoundCapture capture;
+  windows::DirectSoundTone tone;
   windows::WindowsOutputFiles output(files);
   const platform::Machine machine{sound, files, settings, dialogs, pictures, clock, events,
                                   forms, bytes, encoding, capture, tone,     output};
