@@ -32,4 +32,6 @@ if(NEROLITH_PROGRAM AND EXISTS "${program_main}")
                      COMMAND ${CMAKE_COMMAND} -E copy "${skin}" "${NEROLITH_OUTPUT_DIR}/skin.jpg"
                      DEPENDS "${skin}" VERBATIM)
   add_custom_target(velmarion_skin ALL DEPENDS "${NEROLITH_OUTPUT_DIR}/skin.jpg")
+  add_custom_target(player)
+  add_dependencies(player velmarion velmarion_skin)
 endif()

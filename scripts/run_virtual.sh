@@ -1,17 +1,30 @@
 #!/bin/sh
-# run_virtual.sh HAS_SCREEN HAS_SOUND SECONDS COMMAND_LINE: runs the player where the machine lacks
-# a screen, a sound server or both. What is missing is brought up privately and ended again; a
-# screenshot and a recording stay in out/run/.
+# run_virtual.sh HAS_SCREEN HAS_SOUND SECONDS PROGRAM [ARGUMENT...]: runs the player where the
+# machine lacks a screen, a sound server or both. What is missing is brought up privately and ended
+# again; a screenshot and a recording stay in out/run/.
 set -eu
-has_screen=$1 has_sound=$2 seconds=$3 command_line=$4
+has_screen=$1 has_sound=$2 seconds=$3
+shift 3
 out=$PWD/out/run
 mkdir -p "$out"
 rm -f "$out/screenshot.png" "$out/recording.wav"
 private=$(mktemp -d)
 started= recorder=
 
+# What Wine has running outlives the script that started it.
+wine=no
+case $1 in
+    */wine_test.sh) wine=yes ;;
+esac
+end_wine() {
+    [ $wine = yes ] || return 0
+    WINEPREFIX="$out/wine/prefix" wineserver -k 2>/dev/null || true
+    WINEPREFIX="$out/wine/prefix" wineserver -w 2>/dev/null || true
+}
+
 # Ends only what this script started, newest first.
 finish() {
+    end_wine
     for pid in $started; do
         kill "$pid" 2>/dev/null || true
     done
@@ -67,7 +80,9 @@ fi
 export XDG_CONFIG_HOME="$private/config"
 mkdir -p "$XDG_CONFIG_HOME"
 
-out/linux/velmarion "$command_line" &
+# An earlier run that was cut short would keep Wine on a screen that is gone.
+end_wine
+"$@" &
 player=$!
 started="$player $started"
 echo "Playing for $seconds seconds..."
@@ -83,7 +98,12 @@ done
 
 result=0
 if kill -0 $player 2>/dev/null; then
-    kill $player
+    if [ "$wine" = yes ]; then
+        WINEPREFIX="$out/wine/prefix" WINEDEBUG=-all timeout 10 \
+            wine taskkill /im velmarion.exe >/dev/null 2>&1 </dev/null || end_wine
+    else
+        kill $player
+    fi
     wait $player || true
 else
     wait $player || result=$?

@@ -9,6 +9,7 @@ prefix=$1
 shift
 
 mkdir -p "$prefix"
+prefix=$(cd "$prefix" && pwd)
 export WINEPREFIX="$prefix/prefix" WINEDEBUG=-all
 export WINEDLLOVERRIDES="mscoree,mshtml=;winedbg.exe=d"
 # Where wine_desktop.sh has put up a screen and a sound server for this prefix.
