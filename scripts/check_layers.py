@@ -51,7 +51,7 @@ HOMES = (
     (r"(windows|windowsx|dshow|dsound|shellapi|shlobj|commctrl|commdlg|mmsystem|ole2|olectl|"
      r"objbase|oleidl|oleauto|wincodec|uuids|control|strmif|winreg|winuser)\.h",
      ("platform/windows",),
-     ("windows_system", "windows_forms")),
+     ("windows_system", "windows_forms", "windows_program")),
     (r"(unistd|fcntl|dlfcn|dirent|poll|pthread|signal|spawn|mntent|fnmatch|glob|langinfo|iconv|"
      r"pwd|utime|locale)\.h|(sys|linux|netinet|arpa)/.*\.h", ("platform/linux",),
      ("linux_sound", "linux_system", "linux_widgets", "endtoend")),

@@ -40,7 +40,7 @@ def main(arguments):
             failed, names = 1, ["(ran no test)"]
         for index, value in enumerate((passed, failed, skipped)):
             total[index] += value
-        print(f"  {group:<10} {passed} ok, {failed} broken, {skipped} left out")
+        print(f"  {group:<16} {passed} ok, {failed} broken, {skipped} left out")
         for name in names:
             print(f"    broken: {group}: {name}")
     print("tests: {} passed, {} failed, {} skipped".format(*total))

@@ -20,7 +20,7 @@ class CommandLine : public ::testing::Test {
   void start(std::vector<std::string> arguments, const std::filesystem::path& folder = {}) {
     StoredSettings settings{.mode = 2};
     settings.folder = stage.desktop.music();
-    writeSettings(stage.desktop.settingsFile(), settings);
+    writeSettings(stage.desktop, settings);
     stage.player = std::make_unique<PlayerWindow>(stage.desktop, std::move(arguments), folder);
   }
   bool plays(std::size_t song) const {
@@ -33,7 +33,7 @@ class CommandLine : public ::testing::Test {
   // The mode of play as it is stored when the player is closed.
   std::string modeAtTheEnd() {
     EXPECT_EQ(stage.close(), 0);
-    return storedText(stage.desktop.settingsFile(), kModes, "setting");
+    return storedText(stage.desktop, kModes, "setting");
   }
 
   Stage stage;

@@ -42,10 +42,12 @@ class MixChecker {
   std::string check(const MixedSong& old, double oldStart, const MixedSong& next,
                     double nextStart) {
     const double late = lateness(old, oldStart, next, nextStart, settings_.lead);
-    if (std::abs(late) > tolerance_.start) complain(old, next, sentence("starts ", late, " s off"));
-    const double began = nextStart - next.attack;
+    if (late < -tolerance_.start || late > tolerance_.start + tolerance_.opening)
+      complain(old, next, sentence("starts ", late, " s off"));
+    // As the volume steps tell it.
+    const double began = nextStart - next.attack - tolerance_.newSongLag;
     const Envelope fade =
-        envelopeOf(sound_, old.hertz, began - 0.3, began + settings_.length + 1.5, 0.005);
+        envelopeOf(sound_, old.hertz, began - 0.5, began + settings_.length + 1.5, 0.005);
     const double drift = checkSteps(old, next, fade, began);
     const double gone = checkGone(old, next, fade, began);
     return sentence(old.name, " > ", next.name, ": start ", late * 1000,
@@ -63,9 +65,9 @@ class MixChecker {
   double checkSteps(const MixedSong& old, const MixedSong& next, const Envelope& fade,
                     double began) {
     const double step = 5000 / (settings_.length * 10 + 1);
-    const double full = fade.at(began - 0.1);
-    const auto steps =
-        fallingSteps(fade, began - 0.1, began + settings_.length + 1.0, std::min(1.0, step / 200));
+    const double full = fade.at(began - 0.1 - tolerance_.lagJitter);
+    const auto steps = fallingSteps(fade, began - 0.1 - tolerance_.lagJitter,
+                                    began + settings_.length + 1.0, std::min(1.0, step / 200));
     worst_ = 0;
     steps_ = 0;
     double hundredths = 0, drift = 0;
@@ -73,7 +75,7 @@ class MixChecker {
     if (std::abs(full - kToneLevel) > tolerance_.level)
       complain(old, next, sentence("is at ", full, " dB before it fades"));
     wait_ = steps.front().at - began;
-    if (wait_ < 0 || wait_ > tolerance_.firstStep)
+    if (wait_ < -tolerance_.lagJitter || wait_ > tolerance_.firstStep)
       complain(old, next, sentence("takes its first step ", wait_, " s after the start"));
     // The beat that fits best: half of the jitter goes to either side of it.
     double lead = 0, lag = 0;
@@ -102,7 +104,7 @@ class MixChecker {
     const double due = 0.1 * (std::floor(5000 / std::nearbyint(step)) + 1);
     const auto heard = stretchesAbove(fade, kToneLevel + kGone);
     const double gone = heard.empty() ? -1 : heard.back().to - began;
-    if (std::abs(gone - due) > tolerance_.gone)
+    if (std::abs(gone - due) > tolerance_.gone + tolerance_.lagJitter)
       complain(old, next, sentence("is gone after ", gone, " s instead of ", due));
     return gone;
   }
@@ -135,7 +137,7 @@ std::vector<std::string> checkMixes(const Sound& sound, const std::vector<MixedS
   const double to = starts.back() - songs.back().attack + songs.back().length - 0.35;
   const auto silences = silencesIn(sound, from, std::min(to, sound.length()));
   if (!silences.empty()) complaints.push_back("silent at " + describe(silences));
-  const auto clicks = clicksIn(sound, from - 0.2, to + 0.5);
+  const auto clicks = clicksIn(sound, from - 0.2, to + 0.5, tolerance.click);
   if (!clicks.empty()) complaints.push_back("clicks at " + describe(clicks));
   return figures;
 }

@@ -25,12 +25,17 @@ struct MixSettings {
 
 /// The tolerances of the mix, in seconds and decibels.
 struct MixTolerance {
-  double start = 0.15;
-  double level = 1.0;  // of every step, down to `lowest`
+  double start = 0.15;  // early or late
+  double opening = 0;   // what opening a file may take on top of that
+  // By how much a song that is started is heard later than a volume step made at that moment.
+  double newSongLag = 0;
+  double lagJitter = 0;  // by how much that differs from song to song
+  double level = 1.0;    // of every step, down to `lowest`
   double lowest = -40;
   double stepTime = 0.05;  // of every step against a steady 100 ms
   double firstStep = 0.2;  // from the new song's start: one tick, and a volume step's way
   double gone = 0.2;
+  double click = 0.002;  // peak between 8 and 16 kHz that is one
 };
 
 /// The songs, in this order, each mixing into the next, the last one played to its end. Measures in

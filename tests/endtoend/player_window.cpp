@@ -5,6 +5,8 @@
 #include <sstream>
 #include <thread>
 
+#include "endtoend/shipped_program.h"
+
 namespace nerolith::endtoend {
 namespace {
 
@@ -33,11 +35,15 @@ PlayerWindow::PlayerWindow(const PrivateDesktop& desktop, std::vector<std::strin
                            const std::filesystem::path& folder)
     : desktop_(desktop), log_(desktop.scratch() / "player.log") {
   std::filesystem::remove(log_);
-  arguments.insert(arguments.begin(), NEROLITH_PROGRAM);
-  Command command = desktop.command(std::move(arguments));
+  Command command = startOf(desktop, std::move(arguments));
   command.log = log_;
   if (!folder.empty()) command.folder = folder;
   program_ = std::make_unique<ChildProcess>(command);
+}
+
+PlayerWindow::~PlayerWindow() {
+  program_.reset();
+  endLeftovers(desktop_);
 }
 
 std::string PlayerWindow::printed(std::vector<std::string> words) const {
@@ -64,7 +70,14 @@ bool PlayerWindow::waitForWindow(double longest) {
     return !windows.empty() || !running();
   });
   if (!found || window_.empty()) return false;
-  return waitUntil(longest, [&] { return tool({"getwindowfocus"}) == window_ + "\n"; });
+  // Or a message is in front of it already.
+  const auto focused = [&] {
+    return tool({"getwindowfocus"}) == window_ + "\n" || countTitles(".") > 1;
+  };
+  if (waitUntil(3, focused)) return true;
+  // A window manager on a busy machine may have missed it: a person would click on the window.
+  tool({"windowactivate", window_});
+  return waitUntil(longest, focused);
 }
 
 bool PlayerWindow::waitForTitle(const std::string& text, double longest) const {

@@ -20,9 +20,12 @@ class PlayerWindow {
   /// Starts the program; `arguments` is its command line. Does not wait for its window.
   explicit PlayerWindow(const PrivateDesktop& desktop, std::vector<std::string> arguments = {},
                         const std::filesystem::path& folder = {});
+  ~PlayerWindow();
+  PlayerWindow(const PlayerWindow&) = delete;
+  PlayerWindow& operator=(const PlayerWindow&) = delete;
 
   /// Waits until the main window is on the screen and has the focus; false when it never is.
-  bool waitForWindow(double longest = 10);
+  bool waitForWindow(double longest = 20);
   /// Whether a window with this text in its title is on the screen within the time.
   bool waitForTitle(const std::string& text, double longest) const;
   bool showsTitle(const std::string& text) const;

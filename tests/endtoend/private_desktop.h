@@ -57,6 +57,8 @@ class Recording {
   double now() const;
   /// Waits until the tone is heard in the newest 50 ms, or the time is over.
   bool waitForTone(double hertz, double longest) const;
+  /// Waits until anything but the control tone was heard throughout the newest 50 ms.
+  bool waitForSound(double longest) const;
   /// Waits until nothing but the control tone was heard for `quietFor` seconds.
   bool waitForSilence(double quietFor, double longest) const;
 

@@ -17,6 +17,7 @@ Outcome twentySongs() {
   Stage stage;
   stage.prepare(twentyNames(), 2.5);
   stage.open({.mode = 3, .mixLead = 1, .fadeLength = 0.5});
+  if (!stage.recording->waitForSound(10)) return stage.outcome({"nothing is heard"});
   if (!stage.recording->waitForSilence(2.0, 70)) return stage.outcome({"it never stops"});
   const Sound sound = stage.recording->sound();
   Complaints complaints;
@@ -31,9 +32,10 @@ Outcome twentySongs() {
   for (const std::size_t song : order) played.push_back(mixed(stage.songs)[song]);
   auto late = lateStarts(sound, played, 1);
   std::sort(late.begin(), late.end());
-  if (late.front() < -0.15 || late.back() > 0.15)
+  const MixTolerance mix = demands().mix;
+  if (late.front() < -mix.start || late.back() > mix.start + mix.opening)
     complaints.push_back(figure("a song starts off by", late.back(), "s"));
-  const auto clicks = clicksIn(sound, 0.3, sound.length());
+  const auto clicks = clicksIn(sound, 0.3, sound.length(), demands().cut);
   if (!clicks.empty()) complaints.push_back("clicks at " + describe(clicks));
   return stage.outcome(complaints, {figure("starts are late by", late.front(), "s at least") +
                                     figure(", half of them by", late[late.size() / 2], "s") +

@@ -88,6 +88,15 @@ bool Recording::waitForTone(double hertz, double longest) const {
   });
 }
 
+bool Recording::waitForSound(double longest) const {
+  return waitUntil(longest, [&] {
+    const double end = now();
+    if (end < 0.1) return false;
+    const Sound newest = read(file_, static_cast<std::uintmax_t>((end - 0.05) * Sound::kRate));
+    return silencesIn(newest, 0, newest.length()).empty();
+  });
+}
+
 bool Recording::waitForSilence(double quietFor, double longest) const {
   return waitUntil(longest, [&] {
     const double end = now();

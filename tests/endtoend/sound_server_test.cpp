@@ -60,7 +60,7 @@ TEST(SoundServer, WhenItComesBackTheSongGoesOnWhereItWas) { measure(serverDies);
 TEST(SoundServer, ThePlayerStartsWithoutOneAndPlaysOnceItIsThere) {
   Stage stage(PrivateDesktop::SoundServer::Missing);
   stage.prepare({"song.wav"}, 30);
-  writeSettings(stage.desktop.settingsFile(), {.mode = 2, .folder = stage.desktop.music()});
+  writeSettings(stage.desktop, {.mode = 2, .folder = stage.desktop.music()});
   stage.player = std::make_unique<PlayerWindow>(stage.desktop);
   ASSERT_TRUE(stage.player->waitForWindow()) << stage.player->output();
   pauseFor(1);

@@ -22,7 +22,7 @@ Song Stage::prepareClimb(const std::string& name, double seconds) {
 
 void Stage::open(StoredSettings settings, std::vector<std::string> arguments) {
   if (settings.folder.empty()) settings.folder = desktop.music();
-  writeSettings(desktop.settingsFile(), settings);
+  writeSettings(desktop, settings);
   if (!recording) recording = std::make_unique<Recording>(desktop);
   player = std::make_unique<PlayerWindow>(desktop, std::move(arguments));
   if (!player->waitForWindow())
@@ -40,6 +40,8 @@ Complaints Stage::disturbances(const Sound& sound, double from) const {
   if (!gaps.empty()) found.push_back("control tone has gaps at " + describe(gaps));
   for (const auto stall : watch.stalls())
     found.push_back("nothing ran for " + std::to_string(stall.count()) + " ms");
+  if (busy.idle() < BusyWatch::kEnough)
+    found.push_back(figure("the processors had to spare", busy.idle() * 100, "%"));
   return found;
 }
 

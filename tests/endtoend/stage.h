@@ -5,9 +5,10 @@
 #include <string>
 #include <vector>
 
+#include "endtoend/busy_watch.h"
 #include "endtoend/player_window.h"
 #include "endtoend/private_desktop.h"
-#include "endtoend/settings_writer.h"
+#include "endtoend/shipped_program.h"
 #include "endtoend/stall_watch.h"
 #include "endtoend/tones.h"
 #include "endtoend/trial.h"
@@ -32,7 +33,7 @@ class Stage {
   /// Closes the player as a person does; its exit code, nothing when it hangs.
   std::optional<int> close();
 
-  /// Gaps of the control tone since `from`, and stalls of the whole machine.
+  /// Gaps of the control tone since `from`, stalls of the whole machine, and other work on it.
   Complaints disturbances(const Sound& sound, double from = 0) const;
   /// The whole recording judged: disturbances are added, and the player has to be running still.
   Outcome outcome(Complaints complaints, std::vector<std::string> figures = {}) const;
@@ -40,6 +41,7 @@ class Stage {
   PrivateDesktop desktop;
   std::vector<Song> songs;
   StallWatch watch;
+  BusyWatch busy;
   std::unique_ptr<Recording> recording;
   std::unique_ptr<PlayerWindow> player;
 };
