@@ -75,7 +75,7 @@ class MixChecker {
     if (std::abs(full - kToneLevel) > tolerance_.level)
       complain(old, next, sentence("is at ", full, " dB before it fades"));
     wait_ = steps.front().at - began;
-    if (wait_ < -tolerance_.lagJitter || wait_ > tolerance_.firstStep)
+    if (wait_ < -tolerance_.lagJitter || wait_ > tolerance_.firstStep + tolerance_.lagJitter)
       complain(old, next, sentence("takes its first step ", wait_, " s after the start"));
     // The beat that fits best: half of the jitter goes to either side of it.
     double lead = 0, lag = 0;
