@@ -59,8 +59,11 @@ std::vector<MixedSong> mixed(const std::vector<Song>& songs) {
 
 namespace {
 
+// A song that breaks off for less is the same song still; the mixes are where breaks are judged.
+constexpr double kBreak = 0.3;
+
 std::vector<Stretch> heard(const Sound& sound, const Song& song) {
-  return stretchesAbove(envelopeOf(sound, song.hertz, 0, sound.length()), kToneLevel - 6, 0.1);
+  return stretchesAbove(envelopeOf(sound, song.hertz, 0, sound.length()), kToneLevel - 6, kBreak);
 }
 
 }  // namespace

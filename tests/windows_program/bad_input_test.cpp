@@ -75,7 +75,7 @@ TEST(BadInput, AFolderOfRubbishUnderEveryEndingShowsOneMessageAndIsUsableAfterwa
   const HWND box = player.message(20000);
   ASSERT_TRUE(box);
   PostMessageW(box, WM_COMMAND, IDOK, 0);
-  EXPECT_TRUE(within(5000, [&] { return !IsWindow(box); }));
+  EXPECT_TRUE(within(10000, [&] { return !IsWindow(box); }));
   EXPECT_FALSE(player.message(1000)) << "the message is shown again";
   player.key(player.list(), VK_END);
   player.key(player.list(), VK_SPACE);

@@ -48,10 +48,10 @@ class RunningPlayer {
   /// Whether a child shows these words within the time.
   bool shows(const std::wstring& words, int milliseconds = 10000) const;
   /// The pop-up menu on the screen; nothing when there is none within the time.
-  HWND menu(int milliseconds = 5000) const;
-  bool menuGone(int milliseconds = 5000) const;
+  HWND menu(int milliseconds = 10000) const;
+  bool menuGone(int milliseconds = 10000) const;
   /// Another top-level window of the process with a title: a message box.
-  HWND message(int milliseconds = 5000) const;
+  HWND message(int milliseconds = 10000) const;
 
   void press(HWND button) const;  // as a screen reader does
   void doubleClickRow(int row) const;
