@@ -4,6 +4,8 @@
 #include <charconv>
 #include <optional>
 
+#include "base/letter_case.h"
+
 namespace nerolith::app {
 namespace {
 
@@ -48,6 +50,10 @@ CommandLine parseCommandLine(std::string_view text) {
   CommandLine line{std::string(items[0]), "1"};
   if (namesMode(items[1])) line.modeCode = modeOf(items[1]);
   return line;
+}
+
+bool namesPlaylist(std::string_view fileName) {
+  return fileName.size() > 4 && base::foldCase(fileName.substr(fileName.size() - 4)) == ".m3u";
 }
 
 FolderAndName splitPath(std::string_view fileName, char separator) {

@@ -22,6 +22,9 @@ struct CommandLine {
 /// that is no whole number leaves Single.
 CommandLine parseCommandLine(std::string_view text);
 
+/// Whether a file name ends in ".m3u", in capitals or not: such a file is imported.
+bool namesPlaylist(std::string_view fileName);
+
 /// The file name cut behind its last separator: folder with the separator at its end (empty when
 /// there is none) and the bare name.
 struct FolderAndName {

@@ -15,8 +15,9 @@ class PlaylistActions {
   virtual void quickAdd() = 0;
   virtual void clearPlaylist() = 0;
   virtual void updatePlaylist() = 0;
-  /// Opens the playlist of the last run; `path` names a file that exists.
-  virtual void reopen(const std::string& path) = 0;
+  /// Imports this file without a question: the playlist of the last run, one that the command line
+  /// names, one that was dropped on the window.
+  virtual void openPlaylist(const std::string& path) = 0;
   /// Path of the last imported playlist, kept for the next run; empty for none.
   virtual std::string rememberedPlaylist() const = 0;
 };

@@ -7,6 +7,7 @@
 #include "app/list_work.h"
 #include "app/main_window.h"
 #include "app/neighbours.h"
+#include "app/playlist_work.h"
 #include "app/shut_down.h"
 #include "app/start_up.h"
 #include "forms/main_form.h"
@@ -60,7 +61,8 @@ class Program {
   library::RecentScan recentScan_;
   player::NoRecording recording_;
   player::Player player_;
-  NoPlaylists playlists_;
+  playlist::NoPlaylistEditor editor_;
+  PlaylistWork playlists_;
   NoNotificationIcon icon_;
   ListWork listWork_;
   MainWindow mainWindow_;

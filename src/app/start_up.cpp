@@ -80,7 +80,7 @@ void StartUp::begin(const std::string& commandLine) {
 void StartUp::reopenLastPlaylist() {
   const std::string playlist = parts_.stored.readPlaylist();
   if (!playlist.empty() && machine_.files.fileExists(playlist))
-    parts_.neighbours.playlists.reopen(playlist);
+    parts_.neighbours.playlists.openPlaylist(playlist);
 }
 
 void StartUp::follow(const CommandLine& line) {
@@ -92,10 +92,18 @@ void StartUp::follow(const CommandLine& line) {
     return;
   }
   fileGiven_ = !line.fileName.empty();
-  goOn([&] { openFolderOf(line.fileName); });
   bool played = false;
-  goOn([&] { played = playNamedSong(); });
+  if (namesPlaylist(line.fileName)) {
+    goOn([&] { parts_.neighbours.playlists.openPlaylist(wholePath(line.fileName)); });
+  } else {
+    goOn([&] { openFolderOf(line.fileName); });
+    goOn([&] { played = playNamedSong(); });
+  }
   if (!played) goOn([this] { startWithoutSong(); });
+}
+
+std::string StartUp::wholePath(const std::string& fileName) const {
+  return absolutePath(fileName, startDirectory_, machine_.files.separator());
 }
 
 /// A bare name leaves the folder as it is; a relative one counts from where the program was
@@ -103,7 +111,7 @@ void StartUp::follow(const CommandLine& line) {
 void StartUp::openFolderOf(const std::string& fileName) {
   if (fileName.empty()) return;
   const char separator = machine_.files.separator();
-  std::string path = absolutePath(fileName, startDirectory_, separator);
+  std::string path = wholePath(fileName);
   const bool bare = fileName.find(separator) == fileName.npos;
   if (machine_.files.folderExists(path)) {
     if (path.back() != separator) path += separator;

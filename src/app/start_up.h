@@ -51,6 +51,7 @@ class StartUp {
   void stirRandomNumbers();
 
   void follow(const CommandLine& line);
+  std::string wholePath(const std::string& fileName) const;
   void openFolderOf(const std::string& fileName);
   bool playNamedSong();
   void startWithoutSong();

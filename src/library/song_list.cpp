@@ -131,4 +131,14 @@ void SongList::refill(std::vector<std::string> entries) {
   clearRecentFlags();
 }
 
+void SongList::fillFromPlaylist(std::vector<std::string> entries) {
+  const controls::ListBox::Walk hidden(list1_);
+  list1_.setItems(std::move(entries));
+  readListCount();
+  mode_ = ListMode::Playlist;
+  findPlaying();
+  clearPlayedTags();
+  clearRecentFlags();
+}
+
 }  // namespace nerolith::library

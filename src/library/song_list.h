@@ -80,6 +80,8 @@ class SongList {
 
   /// Replaces the entries; the tags and marks are cleared. Hidden meanwhile.
   void refill(std::vector<std::string> entries);
+  /// The same with a playlist's entries, which are full paths from now on; none is current then.
+  void fillFromPlaylist(std::vector<std::string> entries);
 
  private:
   controls::RowMarks marksOf(int position) const;

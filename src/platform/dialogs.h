@@ -24,6 +24,10 @@ struct FileQuestion {
   std::string filter;
   /// The file name shown at first.
   std::string fileName;
+  /// For saving: whether the user is asked once more before choosing a file that is there.
+  bool askBeforeReplacing = true;
+  /// For saving: the ending that a name without one gets; empty: none.
+  std::string ending = {};
 };
 
 /// Each call returns when the user has answered; timers and playing go on meanwhile.

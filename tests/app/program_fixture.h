@@ -26,7 +26,7 @@ class TracedPlaylists final : public PlaylistActions {
   void quickAdd() override { note("quickAdd"); }
   void clearPlaylist() override { note("clear"); }
   void updatePlaylist() override { note("update"); }
-  void reopen(const std::string& path) override {
+  void openPlaylist(const std::string& path) override {
     remembered = path;
     note("reopen");
   }

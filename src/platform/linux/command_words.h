@@ -10,6 +10,7 @@ inline constexpr const char* kHelp =
     "\n"
     "  FILE     opens its folder and plays it\n"
     "  FOLDER   opens it; with mode 2 or 3 the first song starts\n"
+    "  FILE.m3u imports it; with mode 2 or 3 the first song starts\n"
     "  MODE     1 Single, 2 Auto next, 3 Random\n"
     "\n"
     "  --help     shows this text\n"

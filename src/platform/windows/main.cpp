@@ -32,6 +32,7 @@ constexpr const wchar_t* kHelp =
     L"Plays the music of a folder; each song starts while the one before fades away.\n\n"
     L"FILE\topens its folder and plays it\n"
     L"FOLDER\topens it; with mode 2 or 3 the first song starts\n"
+    L"FILE.m3u\timports it; with mode 2 or 3 the first song starts\n"
     L"MODE\t1 Single, 2 Auto next, 3 Random\n\n"
     L"--help\tshows this text\n"
     L"--version\tshows the version\n\n"

@@ -69,6 +69,7 @@ std::optional<std::string> WindowsDialogs::saveFile(const platform::FileQuestion
 std::optional<std::string> WindowsDialogs::ask(const platform::FileQuestion& question, bool save) {
   const std::wstring title = wideText(question.title), filter = filterList(question.filter);
   const std::wstring folder = wideText(folder_());
+  const std::wstring ending = wideText(question.ending);
   std::wstring path = wideText(question.fileName);
   path.resize(kPathRoom);
   OPENFILENAMEW dialog{};
@@ -80,7 +81,9 @@ std::optional<std::string> WindowsDialogs::ask(const platform::FileQuestion& que
   dialog.lpstrFile = path.data();
   dialog.nMaxFile = static_cast<DWORD>(path.size());
   dialog.Flags = OFN_EXPLORER | OFN_NOCHANGEDIR | OFN_HIDEREADONLY | OFN_PATHMUSTEXIST |
-                 (save ? OFN_OVERWRITEPROMPT : OFN_FILEMUSTEXIST);
+                 (save ? 0 : OFN_FILEMUSTEXIST);
+  if (save && question.askBeforeReplacing) dialog.Flags |= OFN_OVERWRITEPROMPT;
+  if (save && !ending.empty()) dialog.lpstrDefExt = ending.c_str();
   const auto show = [&] { return save ? GetSaveFileNameW(&dialog) : GetOpenFileNameW(&dialog); };
   BOOL chosen = show();
   if (!chosen && CommDlgExtendedError() == FNERR_INVALIDFILENAME) {

@@ -29,6 +29,8 @@ std::optional<std::string> ask(const platform::FileQuestion& question,
                                                      : QFileDialog::AnyFile);
   const QStringList filters = nameFilters(question.filter);
   if (!filters.isEmpty()) dialog.setNameFilters(filters);
+  if (!question.askBeforeReplacing) dialog.setOption(QFileDialog::DontConfirmOverwrite);
+  dialog.setDefaultSuffix(QString::fromStdString(question.ending));
   dialog.selectFile(QString::fromStdString(question.fileName));
   if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return std::nullopt;
   return QFile::encodeName(dialog.selectedFiles().constFirst()).toStdString();
