@@ -69,6 +69,8 @@ std::string playlistBytes(const std::vector<std::string>& lines,
                           const platform::TextEncoding& encoding) {
   std::string bytes;
   for (const std::string& line : lines) bytes.append(encoding.bytesOf(lineOfPath(line))) += "\r\n";
+  // A name that begins as the mark does would lose its beginning to it.
+  if (bytes.starts_with(kByteOrderMark)) bytes.insert(0, kByteOrderMark);
   return bytes;
 }
 

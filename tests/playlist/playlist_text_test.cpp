@@ -144,6 +144,11 @@ TEST(PlaylistBytes, NoNameIsLostWhateverIsInIt) {
   EXPECT_EQ(readKeeping(write(windows)), windows);
 }
 
+TEST(PlaylistBytes, ANameThatBeginsAsTheMarkDoesKeepsItsBeginning) {
+  const Entries entries{"\xEF\xBB\xBF odd.mp3", "b.mp3"};
+  EXPECT_EQ(read(write(entries)), entries);
+}
+
 TEST(PlaylistBytes, AddressesOfOtherProgramsStandAsTheyAre) {
   for (const std::string line : {"file:///m/a%20b.mp3", "file:///m/a.mp3", "file:///m/%0",
                                  "file:///m/%0a.mp3", "http://radio/%0A", "file://"}) {

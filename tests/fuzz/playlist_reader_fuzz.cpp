@@ -1,0 +1,18 @@
+// Any bytes as a playlist file. Build it with the preset "fuzz", run it on the kept corpus:
+//   playlist_reader_fuzz -max_total_time=60 tests/fuzz/corpus/playlist_reader
+#include <cstdint>
+#include <cstdio>
+#include <cstdlib>
+
+#include "playlist_reader_rules.h"
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  const std::string_view bytes(reinterpret_cast<const char*>(data), size);
+  for (const char separator : {'\\', '/'}) {
+    const auto broken = nerolith::playlist::brokenRule(bytes, separator);
+    if (!broken) continue;
+    std::fprintf(stderr, "%s\n", broken->c_str());
+    std::abort();
+  }
+  return 0;
+}
