@@ -49,7 +49,7 @@ HOMES = (
     (r"(glib|gio|gobject)(/.*)?\.h|glib(-unix|/gstdio)?\.h", ("platform/linux/system",),
      ("linux_system",)),
     (r"(windows|windowsx|dshow|dsound|shellapi|shlobj|commctrl|commdlg|mmsystem|ole2|olectl|"
-     r"objbase|oleidl|oleauto|wincodec|uuids|control|strmif|winreg|winuser)\.h",
+     r"objbase|oleacc|initguid|oleidl|oleauto|wincodec|uuids|control|strmif|winreg|winuser)\.h",
      ("platform/windows",),
      ("windows_system", "windows_forms", "windows_program")),
     (r"(unistd|fcntl|dlfcn|dirent|poll|pthread|signal|spawn|mntent|fnmatch|glob|langinfo|iconv|"

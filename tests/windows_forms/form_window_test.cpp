@@ -5,6 +5,7 @@
 
 #include "base/failure.h"
 #include "windows_forms/shown_form.h"
+#include "windows_program/object_count.h"
 
 namespace nerolith::windows_forms {
 namespace {
@@ -178,10 +179,11 @@ TEST_F(FormWindowTest, PaintingKeepsNoDrawingObjects) {
     shown.settle();
   };
   repaint();
-  const DWORD before = GetGuiResources(GetCurrentProcess(), GR_GDIOBJECTS);
+  const auto objects = [] { return windows_program::objectsOf(GetCurrentProcess()).drawing; };
+  const long before = objects();
+  ASSERT_GT(before, 10) << "they are not counted";
   for (int i = 0; i < 30; ++i) repaint();
-  const DWORD after = GetGuiResources(GetCurrentProcess(), GR_GDIOBJECTS);
-  EXPECT_LE(after, before + 2);
+  EXPECT_LE(objects(), before + 2);
 }
 
 }  // namespace

@@ -60,6 +60,11 @@ void ControlView::setName(const std::wstring& name) {
   if (now != name) SetWindowTextW(handle(), name.c_str());
 }
 
+void ControlView::setSpokenName(const std::wstring& shown) {
+  if (!control_.accessibleName().empty())
+    spokenName_.tell(handle(), spokenWords(wideOf(control_.accessibleName()), shown));
+}
+
 void ControlView::drawOn(HDC target) {
   RECT area;
   GetClientRect(handle(), &area);

@@ -9,6 +9,7 @@
 #include "controls/layout.h"
 #include "platform/windows/forms/echo_guard.h"
 #include "platform/windows/forms/form_ground.h"
+#include "platform/windows/forms/spoken_name.h"
 #include "platform/windows/forms/window.h"
 
 namespace nerolith::windows_forms {
@@ -80,6 +81,9 @@ class ControlView : public Window {
   void repaint();
   /// The text by which the system, a screen reader and a test know the window.
   void setName(const std::wstring& name);
+  /// What a screen reader says instead of that: the control's own name, where it has one, and
+  /// `shown`, what stands in the window.
+  void setSpokenName(const std::wstring& shown);
   /// Draws the whole view onto `target`.
   void drawOn(HDC target);
   template <typename Signal, typename Handler>
@@ -102,6 +106,7 @@ class ControlView : public Window {
   controls::Control& control_;
   std::vector<base::Subscription> subscriptions_;
   std::wstring toolTip_;
+  SpokenName spokenName_;
   RECT placed_{};
   bool shown_ = true;
   bool hovered_ = false;

@@ -21,6 +21,7 @@ Extent DigitalDisplay::extent() const {
 
 void DigitalDisplay::refresh() {
   setName(wideOf(label_.caption()));
+  setSpokenName(wideOf(label_.caption()));
   repaint();
 }
 

@@ -72,6 +72,7 @@ Extent FolderPopup::extent() const {
 }
 
 void FolderPopup::refresh() {
+  setSpokenName({});
   std::vector<std::string> now;
   for (int row = 0; row < rows(); ++row) now.push_back(nameAt(static_cast<std::size_t>(row)));
   if (now != listed_) {

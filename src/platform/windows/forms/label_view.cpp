@@ -30,6 +30,7 @@ std::wstring LabelView::toolTip() const {
 
 void LabelView::refresh() {
   setName(wideOf(label_.caption()));
+  setSpokenName(wideOf(label_.caption()));
   const SIZE before = measured_;
   measured_ = theme().measure(look_, words());
   if (before.cx != measured_.cx || before.cy != measured_.cy) ground_.layoutChanged();

@@ -45,6 +45,7 @@ void TextLine::refresh() {
   const EchoGuard::Hold hold(echo_);
   // Setting it anew would move the cursor of the user who is typing.
   setName(text);
+  setSpokenName({});
   if (readOnly_) repaint();
   if (painted_ == ground()) return;
   painted_ = ground();

@@ -1,0 +1,151 @@
+// Measures the Windows program from a second process. Run by ./bench windows under Wine:
+//   program_bench start ROUNDS | list FOLDER COUNT | leaks FOLDER STARTS
+// Prints "name<TAB>value" lines.
+#include <windows.h>
+
+#include <commctrl.h>
+#include <dshow.h>
+
+#include <algorithm>
+#include <cstdio>
+#include <cstdlib>
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+#include "platform/windows/handles.h"
+#include "windows_program/object_count.h"
+#include "windows_program/running_player.h"
+
+namespace {
+
+using namespace nerolith;
+using windows_program::RunningPlayer;
+using windows_program::within;
+
+double now() {
+  LARGE_INTEGER rate, count;
+  QueryPerformanceFrequency(&rate);
+  QueryPerformanceCounter(&count);
+  return 1000.0 * static_cast<double>(count.QuadPart) / static_cast<double>(rate.QuadPart);
+}
+
+void say(const char* name, double value) { std::printf("%s\t%.3f\n", name, value); }
+
+double median(std::vector<double> values) {
+  std::sort(values.begin(), values.end());
+  return values[values.size() / 2];
+}
+
+void start(int rounds) {
+  std::vector<double> taken;
+  for (int round = 0; round <= rounds; ++round) {
+    const double before = now();
+    RunningPlayer player(L"1");
+    if (round > 0) taken.push_back(now() - before);
+    player.close();
+  }
+  say("start median ms", median(taken));
+  say("start best ms", *std::min_element(taken.begin(), taken.end()));
+}
+
+void list(const std::wstring& folder, int count) {
+  const double before = now();
+  RunningPlayer player(folder + L",1");
+  if (!within(120000, [&] { return player.songs() == count; }))
+    throw std::runtime_error("the list has " + std::to_string(player.songs()) + " entries");
+  RedrawWindow(player.list(), nullptr, nullptr, RDW_INVALIDATE | RDW_UPDATENOW);
+  say("start with the folder ms", now() - before);
+  Sleep(500);
+  std::vector<double> taken;
+  for (int round = 0; round < 5; ++round) {
+    const double pressed = now();
+    SendMessageW(player.child(L"BUTTON", L"Refresh"), BM_CLICK, 0, 0);
+    RedrawWindow(player.list(), nullptr, nullptr, RDW_INVALIDATE | RDW_UPDATENOW);
+    taken.push_back(now() - pressed);
+    if (player.songs() != count) throw std::runtime_error("Refresh lost entries");
+  }
+  say("refresh median ms", median(taken));
+  std::vector<double> painted;
+  for (int round = 0; round < 20; ++round) {
+    SendMessageW(player.list(), LVM_ENSUREVISIBLE, static_cast<WPARAM>(round % 2 ? count - 1 : 0),
+                 FALSE);
+    const double began = now();
+    RedrawWindow(player.list(), nullptr, nullptr, RDW_INVALIDATE | RDW_UPDATENOW);
+    painted.push_back(now() - began);
+  }
+  say("paint median ms", median(painted));
+}
+
+/// Handles that stay behind one song of the system's own objects, without the player.
+double bareLeak(const std::wstring& song, int rounds) {
+  const HANDLE self = GetCurrentProcess();
+  long before = 0;
+  for (int round = -5; round < rounds; ++round) {
+    if (round == 0) before = windows_program::objectsOf(self).handles;
+    windows::ComPointer<IGraphBuilder> graph;
+    windows::ComPointer<IMediaControl> control;
+    CoCreateInstance(CLSID_FilterGraph, nullptr, CLSCTX_INPROC_SERVER, IID_IGraphBuilder,
+                     graph.outVoid());
+    graph->QueryInterface(IID_IMediaControl, control.outVoid());
+    const BSTR name = SysAllocString(song.c_str());
+    if (FAILED(control->RenderFile(name)) || FAILED(control->Run()))
+      throw std::runtime_error("the bare graph does not play");
+    SysFreeString(name);
+    control->Stop();
+  }
+  return static_cast<double>(windows_program::objectsOf(self).handles - before) / rounds;
+}
+
+void leaks(const std::wstring& folder, int starts) {
+  RunningPlayer player(folder + L",2");
+  const HWND next = player.child(L"BUTTON", L"Play &Next");
+  SendMessageW(player.child(L"BUTTON", L"loop"), BM_CLICK, 0, 0);
+  const auto playSome = [&](int count) {
+    for (int i = 0; i < count; ++i) {
+      SendMessageW(next, BM_CLICK, 0, 0);
+      if (!within(20000, [&] { return IsWindowEnabled(next) != FALSE; }))
+        throw std::runtime_error("a start does not end");
+    }
+    Sleep(3000);  // the last deck fades and is given back
+  };
+  playSome(20);
+  const windows_program::ObjectCount before = windows_program::objectsOf(player.process());
+  const double began = now();
+  playSome(starts);
+  const windows_program::ObjectCount after = windows_program::objectsOf(player.process());
+  say("starts", starts);
+  say("ms a start", (now() - began - 3000) / starts);
+  say("handles before", static_cast<double>(before.handles));
+  say("handles a start", static_cast<double>(after.handles - before.handles) / starts);
+  say("drawing objects before", static_cast<double>(before.drawing));
+  say("drawing objects more", static_cast<double>(after.drawing - before.drawing));
+  player.close();
+  say("handles a bare song", bareLeak(folder + L"a.wav", 100));
+}
+
+int measure(const std::vector<std::wstring>& words) {
+  const auto number = [](const std::wstring& word) { return std::stoi(word); };
+  if (words.at(0) == L"start")
+    start(number(words.at(1)));
+  else if (words.at(0) == L"list")
+    list(words.at(1), number(words.at(2)));
+  else if (words.at(0) == L"leaks")
+    leaks(words.at(1), number(words.at(2)));
+  else
+    throw std::runtime_error("no such figure");
+  return 0;
+}
+
+}  // namespace
+
+int wmain(int count, wchar_t** words) {
+  CoInitialize(nullptr);
+  try {
+    const windows_program::FreshSettings settings;
+    return measure({words + 1, words + count});
+  } catch (const std::exception& fault) {
+    std::printf("failed\t%s\n", fault.what());
+    return 1;
+  }
+}
