@@ -36,7 +36,7 @@ bool holdsItsOwnBar(HWND list, HWND bar) {
   GetClassNameW(list, className, 32);
   const RECT around = placeIn(GetParent(list), list), inside = placeIn(GetParent(list), bar);
   return lstrcmpiW(className, WC_LISTVIEWW) == 0 && inside.left > around.left &&
-         inside.right <= around.right &&
+         inside.right <= around.right + 1 &&
          inside.right - inside.left < (around.right - around.left) / 20;
 }
 
