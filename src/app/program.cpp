@@ -1,6 +1,6 @@
 #include "app/program.h"
 
-#include "base/failure_policy.h"
+#include "app/dropped_files.h"
 
 namespace nerolith::app {
 namespace {
@@ -29,16 +29,35 @@ Program::Program(const platform::Machine& machine, const StandIns& standIns)
       player_(form_, songs_, live_, chosen<player::RecordingLink>(standIns_.recording, recording_),
               {machine.graphs, machine.dialogs, machine.events, machine.files.separator(),
                [this] { recentScan_.scanIfDue(); }}),
+      editor_(machine, form_.form, songs_, browser_,
+              [this] { neighbours().playlists.addSelection(); }),
       playlists_({machine.files, machine.bytes, machine.encoding, machine.dialogs, form_.form,
                   songs_, browser_, stored_},
-                 editor_, menu_),
+                 editor_.editor(), menu_),
       listWork_(machine, form_, menu_, songs_, live_, stored_),
       mainWindow_(form_, menu_, neighbours(), [this] { player_.list1_DblClick(); }),
       startUp_(machine, {form_, live_, stored_, songs_, browser_, player_, neighbours()}),
       shutDown_(stored_, browser_, neighbours()) {
   form_.Command7.setEnabled(menu_.showWhatWorks());
   unload_ = form_.form.unload.subscribe([this] { unload(); });
+  takeDroppedFiles();
   machine_.windows.add(form_.form);
+}
+
+void Program::takeDroppedFiles() {
+  form_.form.takesFiles = [this](const std::vector<std::string>& paths) {
+    return planDrop(paths, machine_.files).does != DropPlan::Does::Nothing;
+  };
+  drops_ = form_.form.filesDropped.subscribe(
+      [this](const std::vector<std::string>& paths) { dropped(paths); });
+}
+
+void Program::dropped(const std::vector<std::string>& paths) {
+  const DropPlan plan = planDrop(paths, machine_.files);
+  if (plan.does == DropPlan::Does::ImportsPlaylist)
+    return neighbours().playlists.openPlaylist(plan.path);
+  if (plan.does == DropPlan::Does::OpensFolder && browser_.setFolder(plan.path))
+    form_.List1.setFocus();
 }
 
 Neighbours Program::neighbours() {
@@ -57,6 +76,7 @@ void Program::start(const std::string& commandLine) {
 void Program::unload() {
   if (ended_) return;
   ended_ = true;
+  editor_.end();
   form_.Timer1.setEnabled(false);
   player_.decks().releaseA();
   player_.decks().releaseB();

@@ -2,8 +2,10 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 #include "app/absent_neighbours.h"
+#include "app/editor_work.h"
 #include "app/list_work.h"
 #include "app/main_window.h"
 #include "app/neighbours.h"
@@ -42,11 +44,14 @@ class Program {
   void start(const std::string& commandLine);
 
   forms::MainForm& mainForm() { return form_; }
+  forms::EditorForm& editorForm() { return editor_.form(); }
   library::SongList& songs() { return songs_; }
   player::Player& player() { return player_; }
 
  private:
   void unload();
+  void takeDroppedFiles();
+  void dropped(const std::vector<std::string>& paths);
 
   Neighbours neighbours();
 
@@ -61,7 +66,7 @@ class Program {
   library::RecentScan recentScan_;
   player::NoRecording recording_;
   player::Player player_;
-  playlist::NoPlaylistEditor editor_;
+  EditorWork editor_;
   PlaylistWork playlists_;
   NoNotificationIcon icon_;
   ListWork listWork_;
@@ -69,6 +74,7 @@ class Program {
   StartUp startUp_;
   ShutDown shutDown_;
   base::Subscription unload_;
+  base::Subscription drops_;
   bool ended_ = false;
 };
 
