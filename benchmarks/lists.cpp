@@ -38,9 +38,9 @@ struct Window {
   }
   platform::Machine doors() {
     platform::Machine mixed = simulated.doors();
-    return {mixed.graphs, files,        mixed.settings, mixed.dialogs, mixed.pictures,
-            mixed.clock,  mixed.events, windows,        bytes,         encoding,
-            mixed.capture, mixed.tone, mixed.output};
+    return {mixed.graphs,  files,        mixed.settings, mixed.dialogs, mixed.pictures,
+            mixed.clock,   mixed.events, windows,        bytes,         encoding,
+            mixed.capture, mixed.tone,   mixed.output};
   }
   void paint() {
     QApplication::processEvents();
