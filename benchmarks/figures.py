@@ -182,7 +182,8 @@ def _tell_clicks(report, clicks, streams):
 
 
 LIST_LIMITS = {"folder_10000": 60, "folder_50000": 300, "entries_100000": 60,
-               "select_all_100000": 5, "deselect_all_100000": 5, "tick_100000": 5}
+               "select_all_100000": 5, "deselect_all_100000": 5, "tick_100000": 5,
+               "editor_100000": 150}
 
 
 def lists(report, built):

@@ -130,6 +130,28 @@ void measureList(Window& window) {
   measure("tick_100000", select, [&] { form.Timer1.tick.raise(); });
 }
 
+void measureEditor(Window& window, const fs::path& scratch) {
+  const std::string path = (scratch / "editor.m3u").string();
+  std::ofstream list(path, std::ios::binary);
+  for (int i = 0; i < 100000; ++i)
+    list << "/music/some folder/A song of some length, number " << i << ".mp3\r\n";
+  list.close();
+  forms::EditorForm& form = window.program.editorForm();
+  const auto close = [&] {
+    form.form_4.close();
+    window.paint();
+    window.program.songs().list1().deselectAll();
+    window.simulated.dialogs.chooseFile(path);
+  };
+  measure("editor_100000", close, [&] {
+    window.program.mainForm().form.keyDown.raise({.key = controls::letterKey('A'), .alt = true});
+    QApplication::processEvents();
+    window.windows.windowOf(form.form_4)->repaint();
+  });
+  require(form.List1.count() == 100000 && form.form_4.visible(), "the editor was not opened");
+  form.form_4.close();
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -144,4 +166,5 @@ int main(int argc, char** argv) {
   measureFolder(window, scratch, 10000, "folder_10000");
   measureFolder(window, scratch, 50000, "folder_50000");
   measureList(window);
+  measureEditor(window, scratch);
 }
