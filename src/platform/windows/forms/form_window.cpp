@@ -189,6 +189,9 @@ void FormWindow::popUp() {
   POINT where;
   GetCursorPos(&where);
   const HWND focus = GetFocus();
+  // The sign of the key that asks for the menu still waits; Enter would close it at once.
+  MSG sign;
+  while (lastInputWasKey_ && PeekMessageW(&sign, nullptr, WM_CHAR, WM_CHAR, PM_REMOVE)) continue;
   const auto* view = focus ? dynamic_cast<const ControlView*>(of(focus)) : nullptr;
   if (lastInputWasKey_ && view && IsChild(handle(), focus)) where = view->menuPlace();
   showPopUpMenu(handle(), *menu, where);
