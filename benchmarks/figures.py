@@ -183,7 +183,9 @@ def _tell_clicks(report, clicks, streams):
 
 LIST_LIMITS = {"folder_10000": 60, "folder_50000": 300, "entries_100000": 60,
                "select_all_100000": 5, "deselect_all_100000": 5, "tick_100000": 5,
-               "editor_100000": 150}
+               "editor_100000": 150,
+               "import_100000": 100, "import_1000000": 1000, "memory_with_1000000": 150,
+               "update_100000": 150, "quick_add_10000": 50}
 
 
 def lists(report, built):
@@ -195,7 +197,8 @@ def lists(report, built):
                               capture_output=True, text=True)
     for line in done.stdout.splitlines():
         name, best, middle = line.split()
-        report.figure(name.replace("_", " "), float(middle), "ms", LIST_LIMITS.get(name),
+        unit = "MB" if name.startswith("memory") else "ms"
+        report.figure(name.replace("_", " "), float(middle), unit, LIST_LIMITS.get(name),
                       f"best {float(best):.2f}")
 
 

@@ -152,6 +152,65 @@ void measureEditor(Window& window, const fs::path& scratch) {
   form.form_4.close();
 }
 
+/// "/music/Artist 0123/Album 04/07 - A song, number 012345.mp3"
+std::string pathOf(int i) {
+  char path[80];
+  std::snprintf(path, sizeof path, "/music/Artist %04d/Album %02d/%02d - A song %07d.mp3",
+                i / 100 % 10000, i / 10 % 10, i % 10, i);
+  return path;
+}
+
+void writePlaylist(const fs::path& file, int count) {
+  std::ofstream out(file, std::ios::binary);
+  for (int i = 0; i < count; ++i) out << pathOf(i) << "\r\n";
+}
+
+/// What this process has of the memory, in MB.
+double proportionalMegabytes() {
+  std::ifstream in("/proc/self/smaps_rollup");
+  for (std::string line; std::getline(in, line);)
+    if (line.starts_with("Pss:")) return std::stod(line.substr(4)) / 1024;
+  return 0;
+}
+
+void pressAlt(Window& window, char letter) {
+  window.program.mainForm().form.keyDown.raise({.key = controls::letterKey(letter), .alt = true});
+}
+
+void measureImport(Window& window, const fs::path& scratch, int count, const char* name) {
+  const fs::path file = scratch / (std::to_string(count) + ".m3u");
+  writePlaylist(file, count);
+  controls::ListBox& list = window.program.mainForm().List1;
+  measure(
+      name,
+      [&] {
+        list.clear();
+        window.paint();
+      },
+      [&] {
+        window.simulated.dialogs.chooseFile(file.string());
+        pressAlt(window, 'I');
+        window.paint();
+      });
+  require(list.count() == count && list.item(count - 1) == pathOf(count - 1),
+          "the playlist was not imported");
+}
+
+void measurePlaylists(Window& window, const fs::path& scratch) {
+  measureImport(window, scratch, 1000000, "import_1000000");
+  std::printf("memory_with_1000000 %.1f %.1f\n", proportionalMegabytes(), proportionalMegabytes());
+  measureImport(window, scratch, 100000, "import_100000");
+  controls::ListBox& list = window.program.mainForm().List1;
+  measure(
+      "update_100000", [] {}, [&] { pressAlt(window, 'U'); });
+  require(fs::file_size(scratch / "100000.m3u") > 4000000, "the playlist was not updated");
+  for (int i = 0; i < 10000; ++i) list.setSelected(i * 10, true);
+  const auto before = fs::file_size(scratch / "100000.m3u");
+  measure(
+      "quick_add_10000", [] {}, [&] { pressAlt(window, 'Q'); });
+  require(fs::file_size(scratch / "100000.m3u") > before + kTries * 400000, "nothing was added");
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -163,6 +222,8 @@ int main(int argc, char** argv) {
   widgets::QtApplication application(argc, argv);
   Window window;
   const fs::path scratch = fs::absolute(argv[1]);
+  fs::create_directories(scratch);
+  measurePlaylists(window, scratch);
   measureFolder(window, scratch, 10000, "folder_10000");
   measureFolder(window, scratch, 50000, "folder_50000");
   measureList(window);

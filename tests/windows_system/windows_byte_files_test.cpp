@@ -73,24 +73,25 @@ TEST_F(WindowsBytes, FailuresCarryTheSystemsNumber) {
   }
 }
 
-/// This test program, run again as the one that dies; see the next test.
-TEST(WindowsBytesChild, DiesWhileItReplaces) {
-  wchar_t path[MAX_PATH];
-  if (!GetEnvironmentVariableW(L"NEROLITH_DIES_REPLACING", path, MAX_PATH))
-    GTEST_SKIP() << "only run by ADeathInTheMiddleLeavesTheOldFileWhole";
+/// Never returns: the process is ended from outside.
+[[noreturn]] void replaceForEver(const std::string& path) {
   WindowsFileSystem files;
   WindowsByteFiles bytes(files);
   for (int round = 0;; ++round)
-    bytes.replace(utf8Text(path), std::string(4'000'000, 'a' + round % 26));
+    bytes.replace(path, std::string(4'000'000, static_cast<char>('a' + round % 26)));
 }
 
+// Runs this very test in a second process, which the variable makes the one that dies.
 TEST_F(WindowsBytes, ADeathInTheMiddleLeavesTheOldFileWhole) {
+  wchar_t victim[MAX_PATH];
+  if (GetEnvironmentVariableW(L"NEROLITH_DIES_REPLACING", victim, MAX_PATH))
+    replaceForEver(utf8Text(victim));
   wchar_t program[MAX_PATH];
   GetModuleFileNameW(nullptr, program, MAX_PATH);
   SetEnvironmentVariableW(L"NEROLITH_DIES_REPLACING", systemPath(path).c_str());
   for (int round = 0; round < 5; ++round) {
-    std::wstring line =
-        L"\"" + std::wstring(program) + L"\" --gtest_filter=WindowsBytesChild.DiesWhileItReplaces";
+    std::wstring line = L"\"" + std::wstring(program) +
+                        L"\" --gtest_filter=WindowsBytes.ADeathInTheMiddleLeavesTheOldFileWhole";
     STARTUPINFOW start{};
     start.cb = sizeof start;
     PROCESS_INFORMATION child{};
