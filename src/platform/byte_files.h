@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <functional>
 #include <string>
 #include <string_view>
@@ -23,6 +24,10 @@ class ByteFiles {
   /// file has none. Fails when the file cannot be opened, before the first block, or when reading
   /// breaks off, after what was read. What `take` throws passes through.
   virtual void read(const std::string& path, const TakeBlock& take) const = 0;
+  /// Bytes in the file. Fails when it is missing or cannot be opened.
+  virtual std::uint64_t size(const std::string& path) const = 0;
+  /// Whether both names lead to one file, over links too; no when one of them leads nowhere.
+  virtual bool same(const std::string& path, const std::string& other) const = 0;
   /// The last bytes of the file, `most` of them or as many as there are.
   virtual std::string readEnd(const std::string& path, std::size_t most) const = 0;
 

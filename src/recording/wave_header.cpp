@@ -1,7 +1,6 @@
 #include "recording/wave_header.h"
 
 #include <algorithm>
-#include <string_view>
 
 namespace nerolith::recording {
 namespace {
@@ -23,6 +22,17 @@ class Writer {
   std::size_t at_ = 0;
 };
 
+std::uint32_t numberAt(std::string_view bytes, std::size_t place, std::size_t width) {
+  std::uint32_t value = 0;
+  for (std::size_t i = width; i-- > 0;)
+    value = value << 8 | static_cast<unsigned char>(bytes[place + i]);
+  return value;
+}
+
+std::int16_t shortAt(std::string_view bytes, std::size_t place) {
+  return static_cast<std::int16_t>(numberAt(bytes, place, 2));
+}
+
 }  // namespace
 
 HeaderBytes headerBytes(const WaveHeader& header) {
@@ -41,6 +51,23 @@ HeaderBytes headerBytes(const WaveHeader& header) {
   writer.text("data");
   writer.number(header.dataSize, 4);
   return writer.bytes();
+}
+
+std::optional<WaveHeader> headerFrom(std::string_view bytes) {
+  if (bytes.size() != kHeaderBytes) return std::nullopt;
+  WaveHeader header;
+  header.riffSize = numberAt(bytes, 4, 4);
+  header.format.formatTag = shortAt(bytes, 20);
+  header.format.channels = shortAt(bytes, 22);
+  header.format.samplesPerSecond = static_cast<std::int32_t>(numberAt(bytes, 24, 4));
+  header.format.averageBytesPerSecond = static_cast<std::int32_t>(numberAt(bytes, 28, 4));
+  header.format.blockAlign = shortAt(bytes, 32);
+  header.format.bitsPerSample = shortAt(bytes, 34);
+  header.dataSize = numberAt(bytes, 40, 4);
+  // Codes and lengths are right when the header reads back as the same bytes.
+  const HeaderBytes again = headerBytes(header);
+  const std::string_view same(reinterpret_cast<const char*>(again.data()), again.size());
+  return bytes == same ? std::optional(header) : std::nullopt;
 }
 
 }  // namespace nerolith::recording

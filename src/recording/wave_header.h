@@ -4,6 +4,8 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <optional>
+#include <string_view>
 
 #include "platform/wave_format.h"
 
@@ -24,6 +26,8 @@ struct WaveHeader {
 using HeaderBytes = std::array<std::byte, kHeaderBytes>;
 
 HeaderBytes headerBytes(const WaveHeader& header);
+/// Reads them back; nothing when they are not laid out as the recorder does it.
+std::optional<WaveHeader> headerFrom(std::string_view bytes);
 
 /// What a RIFF size is that the recorder leaves: 8 more than the standard has it.
 constexpr std::int64_t recordersRiffSize(std::int64_t dataBytes) {

@@ -162,7 +162,25 @@ TYPED_TEST_P(ByteFilesContract, NamesBeyondAsciiAreTaken) {
   EXPECT_EQ(this->backend.names(), std::vector<std::string>{name});
 }
 
-REGISTER_TYPED_TEST_SUITE_P(ByteFilesContract, AnEmptyFileHasNoBlocks, EveryByteIsReadAsItIs,
+TYPED_TEST_P(ByteFilesContract, KnowsHowLongAFileIs) {
+  this->backend.addFile("a.wav", std::string(70000, 'x'));
+  this->backend.addFile("empty.wav", "");
+  EXPECT_EQ(this->bytes().size(this->path("a.wav")), 70000u);
+  EXPECT_EQ(this->bytes().size(this->path("empty.wav")), 0u);
+  EXPECT_THROW(this->bytes().size(this->path("missing.wav")), platform::Failure);
+}
+
+TYPED_TEST_P(ByteFilesContract, KnowsAFileFromItsLikes) {
+  this->backend.addFile("a.wav", "same");
+  this->backend.addFile("b.wav", "same");
+  EXPECT_TRUE(this->bytes().same(this->path("a.wav"), this->path("a.wav")));
+  EXPECT_FALSE(this->bytes().same(this->path("a.wav"), this->path("b.wav")));
+  EXPECT_FALSE(this->bytes().same(this->path("a.wav"), this->path("missing.wav")));
+  EXPECT_FALSE(this->bytes().same(this->path("missing.wav"), this->path("missing.wav")));
+}
+
+REGISTER_TYPED_TEST_SUITE_P(ByteFilesContract, KnowsHowLongAFileIs, KnowsAFileFromItsLikes,
+                            AnEmptyFileHasNoBlocks, EveryByteIsReadAsItIs,
                             ALongFileIsReadWholeAndInOrder, TheEndIsReadWithoutTheRest,
                             WhatTheReaderThrowsPassesThrough, AMissingFileFailsAndIsNamed,
                             AFolderIsNoFile, AnEmptyPathFails, CreatingLeavesAFileThatIsThere,

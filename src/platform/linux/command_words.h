@@ -6,6 +6,8 @@ namespace nerolith::platform::linux_desktop {
 inline constexpr const char* kHelp =
     "Usage: velmarion [FILE|FOLDER][,MODE]\n"
     "       velmarion MODE\n"
+    "       velmarion --repair FILE.wav\n"
+    "       velmarion --standard FILE.wav OUT.wav\n"
     "Plays the music of a folder; each song starts while the one before fades away.\n"
     "\n"
     "  FILE     opens its folder and plays it\n"
@@ -13,6 +15,8 @@ inline constexpr const char* kHelp =
     "  FILE.m3u imports it; with mode 2 or 3 the first song starts\n"
     "  MODE     1 Single, 2 Auto next, 3 Random\n"
     "\n"
+    "  --repair   gives back the sound of a recording that was cut off\n"
+    "  --standard copies a recording for programs that are strict about WAV files\n"
     "  --help     shows this text\n"
     "  --version  shows the version\n"
     "\n"

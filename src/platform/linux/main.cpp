@@ -1,7 +1,10 @@
 // The Linux program: its machine, and the player on it.
 
+#include <algorithm>
 #include <cstdio>
+#include <optional>
 #include <string>
+#include <vector>
 
 #include "app/program.h"
 #include "platform/linux/command_words.h"
@@ -19,6 +22,7 @@
 #include "platform/linux/widgets/qt_event_queue.h"
 #include "platform/linux/widgets/qt_picture_loader.h"
 #include "platform/linux/widgets/qt_window_host.h"
+#include "recording/wave_command.h"
 
 namespace {
 
@@ -46,6 +50,18 @@ bool answeredInTheShell(const std::string& commandLine) {
   if (commandLine != "--version") return false;
   std::puts("Nerolith " NEROLITH_VERSION);
   return true;
+}
+
+/// Recordings that were cut off, and copies of recordings. Nothing when the words are about
+/// neither.
+std::optional<int> answeredWithoutAPlayer(int argc, char** argv) {
+  const std::vector<std::string> words(argv + std::min(argc, 1), argv + argc);
+  if (words.empty() || !recording::isWaveCommand(words[0])) return std::nullopt;
+  const system::PosixByteFiles bytes;
+  system::PosixOutputFiles output;
+  const auto answer = recording::answerWaveCommand(words, bytes, output);
+  std::fprintf(answer->exitCode == 0 ? stdout : stderr, "%s\n", answer->text.c_str());
+  return answer->exitCode;
 }
 
 int runPlayer(int argc, char** argv, const std::string& commandLine) {
@@ -85,5 +101,6 @@ int runPlayer(int argc, char** argv, const std::string& commandLine) {
 int main(int argc, char** argv) {
   const std::string commandLine = commandLineOf(argc, argv);
   if (answeredInTheShell(commandLine)) return 0;
+  if (const auto exitCode = answeredWithoutAPlayer(argc, argv)) return *exitCode;
   return runPlayer(argc, argv, commandLine);
 }

@@ -24,6 +24,16 @@ void SimulatedByteFiles::read(const std::string& path, const TakeBlock& take) co
     take(std::string_view(bytes).substr(done, kBlock));
 }
 
+std::uint64_t SimulatedByteFiles::size(const std::string& path) const {
+  doorway_.look({Door::Files, "bytes", "size", path});
+  return fileAt(path).bytes.size();
+}
+
+bool SimulatedByteFiles::same(const std::string& path, const std::string& other) const {
+  const SimulatedFile* file = files_.find(path);
+  return file && file == files_.find(other);
+}
+
 std::string SimulatedByteFiles::readEnd(const std::string& path, std::size_t most) const {
   doorway_.look({Door::Files, "bytes", "readEnd", path});
   const std::string& bytes = fileAt(path).bytes;

@@ -8,12 +8,14 @@
 namespace nerolith::platform::simulated {
 
 /// Trace: "bytes.read PATH", "bytes.create PATH", "bytes.replace PATH", "bytes.append PATH";
-/// reading: "bytes.readEnd PATH".
+/// readings: "bytes.readEnd PATH", "bytes.size PATH".
 class SimulatedByteFiles : public ByteFiles {
  public:
   SimulatedByteFiles(SimulatedFiles& files, Doorway& doorway) : files_(files), doorway_(doorway) {}
 
   void read(const std::string& path, const TakeBlock& take) const override;
+  std::uint64_t size(const std::string& path) const override;
+  bool same(const std::string& path, const std::string& other) const override;
   std::string readEnd(const std::string& path, std::size_t most) const override;
   void create(const std::string& path) override;
   void replace(const std::string& path, const std::string& bytes) override;

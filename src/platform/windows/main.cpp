@@ -1,9 +1,13 @@
 // The Windows program: its machine, and the player on it.
 
 #include <windows.h>
+// After windows.h, which it needs.
+#include <shellapi.h>
 
+#include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "app/program.h"
 #include "platform/windows/com_apartment.h"
@@ -21,6 +25,7 @@
 #include "platform/windows/windows_file_system.h"
 #include "platform/windows/windows_output_files.h"
 #include "platform/windows/windows_text_encoding.h"
+#include "recording/wave_command.h"
 
 namespace {
 
@@ -28,12 +33,16 @@ using namespace nerolith;
 
 constexpr const wchar_t* kHelp =
     L"velmarion [FILE|FOLDER][,MODE]\n"
-    L"velmarion MODE\n\n"
+    L"velmarion MODE\n"
+    L"velmarion --repair FILE.wav\n"
+    L"velmarion --standard FILE.wav OUT.wav\n\n"
     L"Plays the music of a folder; each song starts while the one before fades away.\n\n"
     L"FILE\topens its folder and plays it\n"
     L"FOLDER\topens it; with mode 2 or 3 the first song starts\n"
     L"FILE.m3u\timports it; with mode 2 or 3 the first song starts\n"
     L"MODE\t1 Single, 2 Auto next, 3 Random\n\n"
+    L"--repair\tgives back the sound of a recording that was cut off\n"
+    L"--standard\tcopies a recording for programs that are strict about WAV files\n"
     L"--help\tshows this text\n"
     L"--version\tshows the version\n\n"
     L"Examples:\nvelmarion D:\\Music,3\nvelmarion 2\nvelmarion song.mp3";
@@ -78,6 +87,28 @@ bool answeredAtOnce(const std::string& commandLine) {
   return true;
 }
 
+std::vector<std::string> commandWords() {
+  int count = 0;
+  wchar_t** const words = CommandLineToArgvW(GetCommandLineW(), &count);
+  std::vector<std::string> texts;
+  for (int i = 1; words && i < count; ++i) texts.push_back(windows::utf8Text(words[i]));
+  LocalFree(words);
+  return texts;
+}
+
+/// Recordings that were cut off, and copies of recordings. Nothing when the words are about
+/// neither.
+std::optional<int> answeredWithoutAPlayer() {
+  const std::vector<std::string> words = commandWords();
+  if (words.empty() || !recording::isWaveCommand(words[0])) return std::nullopt;
+  const windows::WindowsFileSystem files;
+  const windows::WindowsByteFiles bytes(files);
+  windows::WindowsOutputFiles output(files);
+  const auto answer = recording::answerWaveCommand(words, bytes, output);
+  tell(windows::wideText(answer->text));
+  return answer->exitCode;
+}
+
 /// The window that a dialog belongs to: the one in front of ours.
 HWND windowInFront() {
   const HWND active = GetActiveWindow();
@@ -112,7 +143,9 @@ int runPlayer(const std::string& commandLine) {
 int WINAPI wWinMain(HINSTANCE, HINSTANCE, PWSTR, int) {
   try {
     const std::string commandLine = commandLineText();
-    return answeredAtOnce(commandLine) ? 0 : runPlayer(commandLine);
+    if (answeredAtOnce(commandLine)) return 0;
+    if (const auto exitCode = answeredWithoutAPlayer()) return *exitCode;
+    return runPlayer(commandLine);
   } catch (const std::exception& fault) {
     MessageBoxW(nullptr, windows::wideText(fault.what()).c_str(), L"Nerolith",
                 MB_OK | MB_ICONERROR);

@@ -3,7 +3,9 @@
 #include <windows.h>
 
 #include <algorithm>
+#include <array>
 #include <memory>
+#include <optional>
 
 #include "platform/failure.h"
 #include "platform/windows/failure_text.h"
@@ -40,6 +42,16 @@ void addBytes(const std::string& path, const std::string& bytes) {
   }
 }
 
+/// What tells a file from all others on the machine; nothing when there is none.
+std::optional<std::array<DWORD, 3>> identityOf(const std::string& path) {
+  constexpr DWORD kAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
+  const SystemHandle file(CreateFileW(systemPath(path).c_str(), FILE_READ_ATTRIBUTES, kAll, nullptr,
+                                      OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr));
+  BY_HANDLE_FILE_INFORMATION known;
+  if (!file || !GetFileInformationByHandle(file.get(), &known)) return std::nullopt;
+  return std::array{known.dwVolumeSerialNumber, known.nFileIndexHigh, known.nFileIndexLow};
+}
+
 }  // namespace
 
 void WindowsByteFiles::read(const std::string& path, const TakeBlock& take) const {
@@ -51,6 +63,19 @@ void WindowsByteFiles::read(const std::string& path, const TakeBlock& take) cons
     if (block.empty()) return;
     take(block);
   }
+}
+
+std::uint64_t WindowsByteFiles::size(const std::string& path) const {
+  return reading_.wait(path, [tidy = files_.tidy(path)] {
+    return OpenFile(tidy, GENERIC_READ, OPEN_EXISTING).size();
+  });
+}
+
+bool WindowsByteFiles::same(const std::string& path, const std::string& other) const {
+  return reading_.wait(path, [one = files_.tidy(path), two = files_.tidy(other)] {
+    const auto first = identityOf(one), second = identityOf(two);
+    return first && first == second;
+  });
 }
 
 std::string WindowsByteFiles::readEnd(const std::string& path, std::size_t most) const {

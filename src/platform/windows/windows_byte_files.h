@@ -21,6 +21,8 @@ class WindowsByteFiles : public platform::ByteFiles {
       : files_(files), reading_(patience), writing_(6 * patience) {}
 
   void read(const std::string& path, const TakeBlock& take) const override;
+  std::uint64_t size(const std::string& path) const override;
+  bool same(const std::string& path, const std::string& other) const override;
   std::string readEnd(const std::string& path, std::size_t most) const override;
   void create(const std::string& path) override;
   void replace(const std::string& path, const std::string& bytes) override;

@@ -60,6 +60,19 @@ void PosixByteFiles::read(const std::string& path, const TakeBlock& take) const 
   }
 }
 
+std::uint64_t PosixByteFiles::size(const std::string& path) const {
+  return reading_.wait(
+      path, [path] { return static_cast<std::uint64_t>(openForReading(path)->status().st_size); });
+}
+
+bool PosixByteFiles::same(const std::string& path, const std::string& other) const {
+  return reading_.wait(path, [path, other] {
+    struct stat one, two;
+    return stat(path.c_str(), &one) == 0 && stat(other.c_str(), &two) == 0 &&
+           one.st_dev == two.st_dev && one.st_ino == two.st_ino;
+  });
+}
+
 std::string PosixByteFiles::readEnd(const std::string& path, std::size_t most) const {
   return reading_.wait(path, [path, most] {
     const auto file = openForReading(path);
