@@ -212,6 +212,11 @@ TEST_F(CaptureOnServer, NeverTakesTheMicrophone) {
   ASSERT_TRUE(runTool("pactl set-default-source microphone"));
   Captured captured(capture);
   EXPECT_EQ(peakNow(captured, 1), 0);
+  EXPECT_FALSE(
+      runTool("pactl move-source-output "
+              "$(pactl list short source-outputs | cut -f1) microphone"))
+      << "nor can anybody else give it one";
+  EXPECT_EQ(peakNow(captured, 1), 0);
   // Without any output device there is nothing but the microphone left.
   const std::size_t before = captured.fetch();
   ASSERT_TRUE(runTool("pactl unload-module module-null-sink"));
