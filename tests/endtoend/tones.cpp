@@ -41,7 +41,8 @@ void putLittleEndian(std::string& bytes, std::uint32_t value, int count) {
 std::vector<std::string> coderFor(const std::string& ending) {
   if (ending == ".mp3") return {"-c:a", "libmp3lame", "-b:a", "192k"};
   if (ending == ".mp2") return {"-c:a", "mp2", "-b:a", "256k"};
-  if (ending == ".wma") return {"-c:a", "wmav2", "-b:a", "192k"};
+  if (ending == ".mpg") return {"-c:a", "mp2", "-b:a", "256k", "-f", "mpeg"};
+  if (ending == ".wma" || ending == ".asf") return {"-c:a", "wmav2", "-b:a", "192k"};
   if (ending == ".aif") return {"-c:a", "pcm_s16be", "-f", "aiff"};
   throw std::runtime_error("no coder for " + ending);
 }

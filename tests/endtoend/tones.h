@@ -37,7 +37,7 @@ struct Song {
   double length = 0;  // of the decoded file
 };
 
-/// Writes `sound` under `file`; the ending chooses the format (wav, mp3, mp2, aif, wma). Attack and
+/// Writes `sound` under `file`; the ending chooses the format (wav, mp3, mp2, mpg, aif, wma, asf). Attack and
 /// length are measured in what the file decodes to. Throws std::runtime_error when ffmpeg fails.
 Song encode(const Sound& sound, double hertz, const std::filesystem::path& file);
 
