@@ -16,7 +16,7 @@ std::vector<std::string> twentyNames() {
 Outcome twentySongs() {
   Stage stage;
   stage.prepare(twentyNames(), 2.5);
-  stage.open({.mode = 3, .mixLead = 1, .fadeLength = 0.5});
+  stage.open({.mode = 3, .mixLead = 1.2, .fadeLength = 0.5});
   if (!stage.recording->waitForSound(10)) return stage.outcome({"nothing is heard"});
   if (!stage.recording->waitForSilence(2.0, 70)) return stage.outcome({"it never stops"});
   const Sound sound = stage.recording->sound();
@@ -30,7 +30,7 @@ Outcome twentySongs() {
   if (std::is_sorted(order.begin(), order.end())) complaints.push_back("it is not random");
   std::vector<MixedSong> played;
   for (const std::size_t song : order) played.push_back(mixed(stage.songs)[song]);
-  auto late = lateStarts(sound, played, 1);
+  auto late = lateStarts(sound, played, 1.2);
   std::sort(late.begin(), late.end());
   const MixTolerance mix = demands().mix;
   if (late.front() < -mix.start || late.back() > mix.start + mix.opening)

@@ -9,7 +9,7 @@ out=$wine_dir/package
 drive=$wine_dir/prefix/drive_c
 failed=0
 
-run() { timeout 60 "$here/scripts/wine_test.sh" "$wine_dir" "$@"; }
+run() { timeout 120 "$here/scripts/wine_test.sh" "$wine_dir" "$@"; }
 fail() {
     echo "FAILED: $*"
     failed=1
@@ -44,6 +44,13 @@ if ! (cd "$here" && scripts/package_windows.sh "$program" "$out") >"$out/log" 2>
     exit 1
 fi
 setup=$(ls "$out"/*-setup.exe)
+# What an earlier run left when it failed.
+earlier=$(find "$drive" -name velmarion.exe -o -name uninstall.exe | head -n 1)
+if [ -n "$earlier" ]; then
+    run "$setup" /S
+    run "$(dirname "$earlier")/uninstall.exe" /S
+    until_true 60 test ! -e "$(dirname "$earlier")"
+fi
 left=$(leftovers)
 [ -z "$left" ] || fail "not clean before the start: $left"
 
@@ -62,16 +69,16 @@ run reg query 'HKCU\Software\Classes\Nerolith.Playlist\shell\open\command' | gre
     fail "no command to open a playlist"
 
 run "$exe" >/dev/null &
-until_true 20 window_shown || fail "the installed program shows no window"
+until_true 60 window_shown || fail "the installed program shows no window"
 # Over a player that runs nothing is installed, and the player goes on.
 run "$setup" /S && fail "installed over a running player"
 run taskkill /im velmarion.exe >/dev/null
-until_true 10 no_window || fail "the installed program does not close"
+until_true 30 no_window || fail "the installed program does not close"
 wait
 
 run "$setup" /S || fail "a second installation over the first ends with $?"
 run "$folder/uninstall.exe" /S || fail "the uninstaller ends with $?"
-until_true 20 test ! -e "$folder" || fail "the folder is still there: $(ls "$folder")"
+until_true 60 test ! -e "$folder" || fail "the folder is still there: $(ls "$folder")"
 sleep 0.5
 left=$(leftovers)
 [ -z "$left" ] || fail "left behind: $left"
