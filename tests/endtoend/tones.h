@@ -37,8 +37,9 @@ struct Song {
   double length = 0;  // of the decoded file
 };
 
-/// Writes `sound` under `file`; the ending chooses the format (wav, mp3, mp2, mpg, aif, wma, asf). Attack and
-/// length are measured in what the file decodes to. Throws std::runtime_error when ffmpeg fails.
+/// Writes `sound` under `file`; the ending chooses the format (wav, mp3, mp2, mpg, aif, wma, asf).
+/// Attack and length are measured in what the file decodes to. Throws std::runtime_error when
+/// ffmpeg fails.
 Song encode(const Sound& sound, double hertz, const std::filesystem::path& file);
 
 /// A tone with 0.1 s of silence on either side: some coders lose the first or last of what they are
