@@ -20,6 +20,7 @@ class Built:
         self.player = os.path.abspath(os.path.join(binaries, "velmarion"))
         self.rules = os.path.abspath(os.path.join(build, "benchmarks", "nerolith_bench"))
         self.lists = os.path.abspath(os.path.join(build, "benchmarks", "nerolith_lists"))
+        self.playtime = os.path.abspath(os.path.join(build, "benchmarks", "nerolith_playtime"))
         self.steady = os.path.abspath(os.path.join(build, "benchmarks", "nerolith_steady_play"))
 
 
@@ -235,3 +236,47 @@ def steady(report, built, seconds=60):
     counts = dict(zip(words[::2], map(int, words[1::2])))
     report.figure(f"under-runs in {seconds} s, all cores busy", counts["underruns"], "", 0)
     report.figure("late decoders in that time", counts["starvations"], "", 0)
+
+
+def _encode(desktop, name, seconds, *options):
+    """A song by lame, written long enough ago to be trusted as unchanged."""
+    wave, song = (os.path.join(desktop.folder, end) for end in ("song.wav", name))
+    make_song(wave, seconds, "wav")
+    subprocess.run(["lame", "--quiet", *options, wave, song], check=True)
+    os.utime(song, (time.time() - 3600,) * 2)
+    return song
+
+
+def _durations(desktop, built, *words):
+    done = subprocess.run([built.playtime, *words], env=desktop.environment, check=True,
+                          capture_output=True, text=True)
+    parts = done.stdout.split()
+    return dict(zip(parts[::2], map(float, parts[1::2])))
+
+
+def playtime(report, built, rounds=7, files=1000):
+    """Durations of files never measured before, and again; the files themselves are in memory."""
+    if not shutil.which("lame"):
+        raise RuntimeError("lame is missing")
+    with Desktop() as desktop:
+        short = _encode(desktop, "short.mp3", 10, "-V", "2", "--add-id3v2", "--tt", "Song")
+        told = _encode(desktop, "told.mp3", 240, "-V", "2")
+        bare = _encode(desktop, "bare.mp3", 240, "-t", "-V", "2")
+        copies = [os.path.join(desktop.folder, f"{number}.mp3") for number in range(files)]
+        for copy in copies:
+            shutil.copy2(short, copy)
+        many = [_durations(desktop, built, *copies) for _ in range(rounds)]
+        alone = [_durations(desktop, built, told) for _ in range(rounds)]
+        without = [_durations(desktop, built, bare) for _ in range(rounds)]
+        graphs = _durations(desktop, built, "--graphs", told, bare)
+        a_graph_each = _durations(desktop, built, "--graphs", *copies[:100])
+    report.figure(f"durations of {files} mp3 with header, each",
+                  median([run["first"] for run in many]) / files, "ms", 0.1,
+                  f"with a graph each {a_graph_each['graphs'] / 100:.2f}")
+    report.figure("duration of one such song alone", median([run["first"] for run in alone]), "ms")
+    report.figure("duration of a 4-minute VBR without header",
+                  median([run["first"] for run in without]), "ms", 5)
+    report.figure(f"durations of {files} again", median([run["again"] for run in many]), "ms", 5)
+    sums = [alone[0]["sum"], without[0]["sum"]]
+    report.figure("furthest from the true 240 s", max(abs(one - 240) for one in sums), "s", 0.1)
+    report.figure("apart from what graphs tell", abs(sum(sums) - graphs["sum"]), "s", 0)

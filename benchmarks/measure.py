@@ -6,7 +6,7 @@ import sys
 import figures
 from report import Report, load
 
-ALL = ("lists", "rules", "start", "play", "click", "steady")
+ALL = ("lists", "rules", "start", "play", "click", "steady", "playtime")
 
 
 def main():

@@ -34,6 +34,7 @@ enum class Look {
   Notice,      // a warning
   Key,         // a push button whose caption is a label's
   Meter,       // a bar of the recording level, in the colours of its indicator
+  Progress,    // a bar for work that goes on
 };
 
 /// A push button of the faceplate: `face` gives and receives clicks and mouse presses, `button`

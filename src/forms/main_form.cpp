@@ -66,6 +66,8 @@ Box foot(MainForm& f) {
   return row({leaf(&f.Label2, Look::Figure), words("selected", Look::Dim), space(0).sized(10, 0),
               leaf(&f.Label3, Look::Figure), leaf(&f.listWord, Look::Dim),
               leaf(&f.folderNotice, Look::Notice).stretched(1),
+              leaf(&f.playtimeBar, Look::Progress).sized(120, 6), space(0).sized(2, 0),
+              leaf(&f.playtimeDone, Look::Dim), space(0).sized(14, 0),
               words("Total selected playtime", Look::Dim), leaf(&f.Label4, Look::Figure)})
       .spaced(6, 0);
 }
@@ -103,6 +105,8 @@ void setToolTips(MainForm& f) {
   f.Label2.setToolTip("Select count");
   f.Label3.setToolTip("List count");
   f.notice.setToolTip("Playing goes on at the same place as soon as sound can be heard again");
+  f.playtimeBar.setToolTip("Esc ends the count");
+  f.playtimeDone.setToolTip("Esc ends the count");
   f.Label4.setToolTip("Total selected playtime (dd:hh:mm:ss)");
   f.Command5.setToolTip("Refresh filelist, Clear randomlist");
   f.Drive1.setToolTip("drive/path");
@@ -113,6 +117,7 @@ void setAccessibleNames(MainForm& f) {
   f.Label2.setAccessibleName("Select count");
   f.Label3.setAccessibleName("List count");
   f.Label4.setAccessibleName("Total selected playtime");
+  f.playtimeBar.setAccessibleName("Songs counted");
   f.Label9.setAccessibleName("Song");
   f.List1.setAccessibleName("Songs");
   f.List1.setEmptyHint("No songs in this folder");
@@ -135,6 +140,8 @@ MainForm::MainForm() {
       [this] { listWord.setCaption(Label3.caption() == "1" ? "song" : "songs"); });
   File1.setPattern("*.mp?;*.wav;*wma;*.asf;*.mid;*.ai?");
   Dir1.setVisible(false);
+  playtimeBar.setVisible(false);
+  playtimeDone.setVisible(false);
   form.addTimer(Timer1);
   form.addOverlay({&Dir1, &Drive1});
   form.setVisible(false);

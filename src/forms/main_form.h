@@ -42,6 +42,8 @@ struct MainForm {
   controls::Label notice;                        // what is wrong with the sound, if anything is
   controls::Label folderNotice;                  // why a folder could not be shown
   controls::Label listWord;                      // "songs", or "song" where the list has one
+  controls::ProgressBar playtimeBar;             // how far the count of the playtime is
+  controls::Label playtimeDone;                  // "12 of 1,000": the same in numbers
 
   controls::CommandButton Command1;  // start or resume the current deck
   controls::CommandButton Command2;  // stop

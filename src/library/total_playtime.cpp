@@ -21,6 +21,12 @@ std::string twoDigits(long long number) {
   return number < 0 ? "-" + digits : digits;
 }
 
+std::string withThousands(std::size_t number) {
+  std::string text = std::to_string(number);
+  for (std::size_t end = text.size(); end > 3; end -= 3) text.insert(end - 3, ",");
+  return text;
+}
+
 }  // namespace
 
 std::string playtimeText(double seconds) {
@@ -46,7 +52,10 @@ struct TotalPlaytime::Counting {
     owner.form_.Label4.setCaption("Counting");
   }
   ~Counting() {
+    owner.reader_.reset();
     owner.counting_ = owner.songs_.held = false;
+    owner.form_.playtimeBar.setVisible(false);
+    owner.form_.playtimeDone.setVisible(false);
     owner.form_.Label4.setCaption("00:00");
   }
   TotalPlaytime& owner;
@@ -84,20 +93,34 @@ std::vector<std::string> TotalPlaytime::selectedPaths() {
 
 double TotalPlaytime::sumOf(const std::vector<std::string>& paths) {
   double total = 0;
-  for (const std::string& path : paths) {
+  std::size_t done = 0;
+  reader_ = graphs_.readDurations(paths);
+  while (done < paths.size()) {
     events_.runWaitingEvents();
     if (cancelled_) break;
-    total += durationOf(path);
-    if (live_.modeCode != "1") total -= double{live_.mixLead};
+    for (const double duration : reader_->take()) {
+      total += duration;
+      if (live_.modeCode != "1") total -= double{live_.mixLead};
+      ++done;
+    }
+    showProgress(done, paths.size());
   }
   return total;
 }
 
-// The graph goes at once: a file that is marked for deletion must not be held open at the close.
-double TotalPlaytime::durationOf(const std::string& path) {
-  const auto graph = graphs_.createFilterGraph();
-  graph->renderFile(path);
-  return graph->duration();
+// At the close the files marked for deletion go next: none may be open by then.
+void TotalPlaytime::cancel() {
+  cancelled_ = true;
+  reader_.reset();
+}
+
+// Not before some of the count is over: a short one would only flicker.
+void TotalPlaytime::showProgress(std::size_t done, std::size_t all) {
+  if (done == all) return;
+  form_.playtimeBar.setValue(100 * static_cast<float>(done) / static_cast<float>(all));
+  form_.playtimeDone.setCaption(withThousands(done) + " of " + withThousands(all));
+  form_.playtimeBar.setVisible(true);
+  form_.playtimeDone.setVisible(true);
 }
 
 }  // namespace nerolith::library

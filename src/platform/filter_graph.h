@@ -4,6 +4,9 @@
 #include <cstdint>
 #include <memory>
 #include <string>
+#include <vector>
+
+#include "platform/duration_reader.h"
 
 namespace nerolith::platform {
 
@@ -19,8 +22,8 @@ class FilterGraph {
 
   /// Opens `path` (UTF-8, absolute) and makes it ready to run; when it returns, `duration` is
   /// known to within 0.1 s. Nothing is heard yet. Fails for a missing, empty, unreadable or
-  /// non-audio file, and after 5 s at the latest for one that does not answer; the graph is then
-  /// still empty.
+  /// non-audio file, for one of which nothing can be read for 5 s, and after 30 s at the latest for
+  /// one that is read too slowly; the graph is then still empty.
   virtual void renderFile(const std::string& path) = 0;
 
   /// Starts or resumes playing at the current position. At the end of the file it does nothing.
@@ -50,6 +53,11 @@ class FilterGraphFactory {
 
   /// A fresh, empty graph. Cheap: touches neither file nor sound card.
   virtual std::unique_ptr<FilterGraph> createFilterGraph() = 0;
+
+  /// Begins to read the durations of these files (UTF-8, absolute), in this order: the same figures
+  /// that a graph of each would tell, with the same failures. Waits for nothing. What is asked for
+  /// must be gone before this is. Unless a backend knows better, each file gets its graph.
+  virtual std::unique_ptr<DurationReader> readDurations(std::vector<std::string> paths);
 
   /// One sentence for the user while sound cannot be put out ("The sound server does not answer
   /// ..."), empty while all is well. Playing goes on by itself at the same position once it can.

@@ -1,5 +1,7 @@
 #include "library/total_playtime.h"
 
+#include <cmath>
+
 #include "library/browser_window.h"
 
 namespace nerolith::library {
@@ -117,6 +119,69 @@ TEST_F(Playtime, EscapeEndsTheCountAndLeavesZero) {
   EXPECT_EQ(countAll(), "00:00");
   EXPECT_EQ(machine.trace({Door::Decks}), "");
   EXPECT_FALSE(songs.held);
+}
+
+TEST_F(Playtime, AFileThatTakesItsTimeLeavesTheWindowAliveAndEscapeEndsItAtOnce) {
+  machine.decks.setReadingTime(std::chrono::seconds(60));
+  int ticks = 0;
+  const auto seen = onTick([&] {
+    if (++ticks == 50) form.form.keyDown.raise({.key = controls::Key::Escape});
+  });
+  EXPECT_EQ(countAll(), "00:00");
+  EXPECT_EQ(ticks, 50);
+  EXPECT_EQ(machine.trace({Door::Decks}), "");
+  EXPECT_FALSE(songs.held);
+  machine.decks.setReadingTime(std::chrono::seconds(0));
+  EXPECT_EQ(countAll(), "09:40");
+}
+
+TEST_F(Playtime, ABarAndTheNumberDoneShowHowFarItIs) {
+  machine.decks.setReadingTime(std::chrono::milliseconds(300));
+  std::vector<std::string> shown;
+  const auto seen = onTick([&] {
+    if (!form.playtimeBar.visible()) return;
+    EXPECT_TRUE(form.playtimeDone.visible());
+    const std::string now =
+        std::to_string(std::lround(form.playtimeBar.value())) + "% " + form.playtimeDone.caption();
+    if (shown.empty() || shown.back() != now) shown.push_back(now);
+  });
+  EXPECT_EQ(countAll(), "09:40");
+  EXPECT_EQ(shown, (std::vector<std::string>{"0% 0 of 3", "33% 1 of 3", "67% 2 of 3"}));
+  EXPECT_FALSE(form.playtimeBar.visible());
+  EXPECT_FALSE(form.playtimeDone.visible());
+}
+
+TEST_F(Playtime, ACountThatIsOverAtOnceShowsNoBar) {
+  int changes = 0;
+  const auto seen = form.playtimeBar.changed.subscribe([&] { ++changes; });
+  form.List1.setSelected(1, true);
+  playtime.count();
+  EXPECT_EQ(form.Label4.caption(), "03:20");
+  EXPECT_EQ(changes, 0);
+}
+
+TEST_F(Playtime, LargeNumbersAreReadable) {
+  importPlaylist(std::vector<std::string>(12345, "C:\\Music\\a.mp3"));
+  std::string last;
+  const auto seen =
+      form.playtimeDone.changed.subscribe([&] { last = form.playtimeDone.caption(); });
+  countAll();
+  EXPECT_EQ(last, "12,344 of 12,345");
+}
+
+TEST_F(Playtime, AFileThatGoesWhileItCountsEndsItThereAndOneThatChangesCountsAsItIs) {
+  int ticks = 0;
+  const auto seen = onTick([&] {
+    if (++ticks == 2) machine.files.addFile("C:\\Music\\b.mp3", {.duration = 100});
+  });
+  EXPECT_EQ(countAll(), "08:00");
+  ticks = 0;
+  const auto gone = form.Timer1.tick.subscribe([&] {
+    if (ticks == 3) machine.files.remove("C:\\Music\\c.mp3");
+  });
+  EXPECT_EQ(countAll(), "00:00");
+  EXPECT_FALSE(songs.held);
+  EXPECT_FALSE(form.playtimeBar.visible());
 }
 
 TEST_F(Playtime, EscapeAfterACountChangesNothing) {

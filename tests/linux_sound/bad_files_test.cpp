@@ -16,12 +16,12 @@
 namespace nerolith::sound_tests {
 namespace {
 
-const std::atomic<bool> kGoOn{false};
+base::JobWatch goOn;
 
 /// The sentence for the user, empty if the file could be opened.
 std::string troubleWith(const std::string& path) {
   try {
-    sound::openSource(path, kGoOn);
+    sound::openSource(path, goOn);
     return {};
   } catch (const platform::Failure& failure) {
     return failure.what();
@@ -122,7 +122,7 @@ TEST(BadFile, EveryKindCutShortFailsOrPlaysToItsEnd) {
       std::filesystem::resize_file(path, length);
       std::unique_ptr<sound::AudioSource> source;
       try {
-        source = sound::openSource(path, kGoOn);
+        source = sound::openSource(path, goOn);
       } catch (const platform::Failure&) {
         continue;
       }

@@ -2,7 +2,6 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <atomic>
 #include <cctype>
 #include <cmath>
 #include <filesystem>
@@ -18,7 +17,7 @@
 namespace nerolith::sound_tests {
 namespace {
 
-const std::atomic<bool> kGoOn{false};
+base::JobWatch goOn;
 
 std::vector<Frame> readAll(sound::AudioSource& source) {
   std::vector<Frame> all;
@@ -60,7 +59,7 @@ class Formats : public testing::TestWithParam<SoundKind> {
   std::unique_ptr<sound::AudioSource> open(double seconds) {
     const std::string path = makeSound(scratch, GetParam(), seconds);
     EXPECT_NE(path, "") << "the file could not be made";
-    return sound::openSource(path, kGoOn);
+    return sound::openSource(path, goOn);
   }
   Scratch scratch;
 };
@@ -117,7 +116,7 @@ INSTANTIATE_TEST_SUITE_P(Kinds, Formats, testing::ValuesIn(soundKinds()), testNa
 TEST(Mp3, GaplessSongBeginsAndEndsWithItsFirstAndLastSample) {
   if (!haveTool("lame")) GTEST_SKIP() << "lame is missing";
   Scratch scratch;
-  const auto source = sound::openSource(makeSound(scratch, soundKinds()[0], 4), kGoOn);
+  const auto source = sound::openSource(makeSound(scratch, soundKinds()[0], 4), goOn);
   const std::vector<Frame> whole = readAll(*source);
   EXPECT_EQ(whole.size(), 4U * 44100U);
   const std::vector<Frame> original = chirp(4);
@@ -129,7 +128,7 @@ TEST(Mp3, BrokenOffDownloadIsAsLongAsWhatIsThere) {
   Scratch scratch;
   const std::string path = makeSound(scratch, soundKinds()[0], 8);
   std::filesystem::resize_file(path, std::filesystem::file_size(path) / 2);
-  const auto source = sound::openSource(path, kGoOn);
+  const auto source = sound::openSource(path, goOn);
   EXPECT_NEAR(static_cast<double>(source->totalFrames()) / sound::kSampleRate, 4, 0.1);
 }
 
@@ -141,7 +140,7 @@ TEST(Mp3, ForeignBytesInTheMiddleAreSteppedOver) {
   file.seekp(static_cast<std::streamoff>(std::filesystem::file_size(path) / 2));
   file << std::string(3000, '\xFF');
   file.close();
-  const auto source = sound::openSource(path, kGoOn);
+  const auto source = sound::openSource(path, goOn);
   EXPECT_NEAR(static_cast<double>(source->totalFrames()) / sound::kSampleRate, 8, 0.3);
   EXPECT_NEAR(static_cast<double>(readAll(*source).size()) / sound::kSampleRate, 8, 0.3);
 }
@@ -149,7 +148,7 @@ TEST(Mp3, ForeignBytesInTheMiddleAreSteppedOver) {
 TEST(Midi, PlaysItsNotesForTheirLength) {
   Scratch scratch;
   writeBytes(scratch / "song.mid", midiSong(8));
-  const auto source = sound::openSource(scratch / "song.mid", kGoOn);
+  const auto source = sound::openSource(scratch / "song.mid", goOn);
   EXPECT_EQ(source->totalFrames(), 4 * 44100);
   const std::vector<Frame> whole = readAll(*source);
   EXPECT_EQ(whole.size(), 4U * 44100U);
@@ -162,7 +161,7 @@ TEST(Midi, PlaysItsNotesForTheirLength) {
 TEST(Midi, SeekBeginsInTheMiddleOfTheSong) {
   Scratch scratch;
   writeBytes(scratch / "song.mid", midiSong(8));
-  const auto source = sound::openSource(scratch / "song.mid", kGoOn);
+  const auto source = sound::openSource(scratch / "song.mid", goOn);
   source->seek(3 * 44100 + 1000);
   EXPECT_EQ(readAll(*source).size(), 44100U - 1000U);
   source->seek(0);

@@ -13,6 +13,7 @@
 namespace nerolith::sound_tests {
 namespace {
 
+using namespace std::chrono_literals;
 using Clock = std::chrono::steady_clock;
 
 double secondsSince(Clock::time_point start) {
@@ -124,11 +125,11 @@ TEST(LibavGraph, RendersOneFileOnly) {
 class DeadShare {
  public:
   sound::SourceOpener opener() {
-    return [gate = gate_](const std::string&,
-                          const std::atomic<bool>&) -> std::unique_ptr<sound::AudioSource> {
-      gate->wait(false);
-      throw platform::Failure("too late");
-    };
+    return
+        [gate = gate_](const std::string&, base::JobWatch&) -> std::unique_ptr<sound::AudioSource> {
+          gate->wait(false);
+          throw platform::Failure("too late");
+        };
   }
   ~DeadShare() {
     gate_->store(true);
@@ -145,7 +146,7 @@ sound::SoundEngine::OutputMaker manualOutput() {
 
 TEST(LibavGraph, FailsWhenTheFileDoesNotAnswerInTime) {
   DeadShare share;
-  sound::SoundEngine engine(manualOutput(), share.opener(), std::chrono::milliseconds(100));
+  sound::SoundEngine engine(manualOutput(), share.opener(), {.standstill = 100ms});
   const auto graph = engine.createFilterGraph();
   const auto start = Clock::now();
   try {
@@ -162,7 +163,7 @@ TEST(LibavGraph, FailsWhenTheFileDoesNotAnswerInTime) {
 TEST(LibavGraph, WhateverStopsADecoderFromOpeningIsAFailure) {
   sound::SoundEngine engine(
       manualOutput(),
-      [](const std::string&, const std::atomic<bool>&) -> std::unique_ptr<sound::AudioSource> {
+      [](const std::string&, base::JobWatch&) -> std::unique_ptr<sound::AudioSource> {
         throw std::bad_alloc();
       });
   const auto graph = engine.createFilterGraph();
@@ -173,7 +174,7 @@ TEST(LibavGraph, WhateverStopsADecoderFromOpeningIsAFailure) {
 TEST(LibavGraph, StuckThreadHoldsUpNeitherTheDeckNorTheProgramsEnd) {
   DeadShare share;
   auto engine = std::make_unique<sound::SoundEngine>(manualOutput(), share.opener(),
-                                                     std::chrono::milliseconds(50));
+                                                     base::Patience::Limits{.standstill = 50ms});
   auto graph = engine->createFilterGraph();
   EXPECT_THROW(graph->renderFile("/dead/song.mp3"), platform::Failure);
   auto start = Clock::now();
@@ -182,6 +183,77 @@ TEST(LibavGraph, StuckThreadHoldsUpNeitherTheDeckNorTheProgramsEnd) {
   start = Clock::now();
   engine.reset();
   EXPECT_LT(secondsSince(start), 1.5);
+}
+
+TEST(LibavGraph, FileThatIsReadSlowlyIsWaitedFor) {
+  sound::SoundEngine engine(manualOutput(),
+                            [](const std::string& path, base::JobWatch& watch) {
+                              const auto until = Clock::now() + 900ms;
+                              for (; Clock::now() < until; std::this_thread::sleep_for(1ms))
+                                ++watch.progress;
+                              return sound::openSource(path, watch);
+                            },
+                            {.standstill = 300ms});
+  Scratch scratch;
+  writeWave(scratch / "slow.wav", silence(2));
+  const auto graph = engine.createFilterGraph();
+  graph->renderFile(scratch / "slow.wav");
+  EXPECT_EQ(graph->duration(), 2);
+}
+
+TEST(LibavGraph, FileThatIsReadForTooLongFailsInTheEnd) {
+  sound::SoundEngine engine(
+      manualOutput(),
+      [](const std::string&, base::JobWatch& watch) -> std::unique_ptr<sound::AudioSource> {
+        for (; !watch.abandoned; std::this_thread::sleep_for(1ms)) ++watch.progress;
+        throw platform::Failure("too late");
+      },
+      {.standstill = 5s, .inAll = 200ms});
+  const auto graph = engine.createFilterGraph();
+  const auto start = Clock::now();
+  EXPECT_THROW(graph->renderFile("/slow/song.mp3"), platform::Failure);
+  EXPECT_GE(secondsSince(start), 0.2);
+  EXPECT_LT(secondsSince(start), 4);
+}
+
+/// What a count finds on a share that died: nothing, and after the standstill a failure.
+TEST(SoundEngine, DeadShareEndsACountAndHoldsUpNobody) {
+  DeadShare share;
+  auto engine = std::make_unique<sound::SoundEngine>(manualOutput(), share.opener(),
+                                                     base::Patience::Limits{.standstill = 200ms});
+  Scratch scratch;
+  writeWave(scratch / "song.wav", silence(2));
+  auto reader = engine->readDurations({scratch / "song.wav", scratch / "song.wav"});
+  auto start = Clock::now();
+  EXPECT_TRUE(reader->take().empty());
+  EXPECT_LT(secondsSince(start), 1);
+  EXPECT_THROW(while (secondsSince(start) < 20) EXPECT_TRUE(reader->take().empty()),
+               platform::Failure);
+  start = Clock::now();
+  reader.reset();
+  EXPECT_LT(secondsSince(start), 2);
+  start = Clock::now();
+  engine.reset();
+  EXPECT_LT(secondsSince(start), 1.5);
+}
+
+TEST(SoundEngine, CountsAThousandFilesInOrderWhileADeckPlays) {
+  OfflineEngine machine;
+  const auto graph = machine.rendered(machine.file("song.wav", numbered(20)));
+  graph->run();
+  std::vector<std::string> paths;
+  for (int i = 0; i < 1000; ++i) {
+    paths.push_back(machine.scratch / ("short " + std::to_string(i % 7) + ".wav"));
+    if (i < 7) writeWave(paths.back(), silence(1 + i));
+  }
+  std::vector<double> all;
+  const auto reader = machine.engine.readDurations(paths);
+  while (all.size() < paths.size()) {
+    for (const double seconds : reader->take()) all.push_back(seconds);
+    machine.output->advance(0.02);
+  }
+  for (std::size_t i = 0; i < all.size(); ++i) ASSERT_EQ(all[i], 1 + i % 7);
+  EXPECT_GT(numberOf(machine.output->heard.back()), 0);
 }
 
 /// A song whose medium vanishes in the middle.
@@ -207,7 +279,7 @@ TEST(LibavGraph, MediumThatVanishesEndsTheSong) {
         output = made.get();
         return made;
       },
-      [](const std::string&, const std::atomic<bool>&) { return std::make_unique<BrokenOff>(); });
+      [](const std::string&, base::JobWatch&) { return std::make_unique<BrokenOff>(); });
   const auto graph = engine.createFilterGraph();
   graph->renderFile("/stick/song.mp3");
   graph->run();

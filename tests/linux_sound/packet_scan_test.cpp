@@ -12,7 +12,7 @@ namespace nerolith::sound {
 namespace {
 
 using Bytes = std::vector<std::uint8_t>;
-const std::atomic<bool> kGoOn{false};
+base::JobWatch goOn;
 
 /// An empty frame: MPEG 1 layer 3, 128 kbit/s, 44.1 kHz, stereo: 417 bytes.
 Bytes frame() {
@@ -42,7 +42,7 @@ struct Written {
   std::unique_ptr<FileReader> file;
   explicit Written(const Bytes& bytes, const std::string& name = "song.mp3") {
     sound_tests::writeBytes(scratch / name, bytes);
-    file = std::make_unique<FileReader>(scratch / name, kGoOn);
+    file = std::make_unique<FileReader>(scratch / name, goOn);
   }
 };
 
@@ -85,6 +85,14 @@ TEST(MpegFrameIndex, CountsTheFramesBetweenTagsAtBothEnds) {
   EXPECT_EQ(index.frames, 100);
   EXPECT_EQ(index.offsets.size(), 7U);
   EXPECT_EQ(index.offsets[1], 138 + 16 * 417);
+}
+
+TEST(MpegFrameIndex, EachStepThroughTheFileIsProgress) {
+  const Written song(frames(2000));
+  const auto found = findMpegSong(*song.file);
+  const std::uint64_t before = goOn.progress;
+  indexMpegFrames(*song.file, *found);
+  EXPECT_GE(goOn.progress - before, 2000U * 417U);
 }
 
 TEST(MpegFrameIndex, LeavesOutTheFrameThatTheFilesEndCuts) {

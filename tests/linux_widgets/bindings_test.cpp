@@ -14,6 +14,7 @@
 #include "platform/linux/widgets/level_bar.h"
 #include "platform/linux/widgets/plain_buttons.h"
 #include "platform/linux/widgets/text_line.h"
+#include "platform/linux/widgets/theme.h"
 #include "shown_form.h"
 
 namespace nerolith::widgets {
@@ -254,11 +255,23 @@ TEST(TextLineBinding, UserTypesAndCodeSetsWithoutEcho) {
 
 TEST(LevelBarBinding, FollowsItsValueHeldToTheBar) {
   controls::ProgressBar bar;
-  LevelBar view(bar, nullptr);
+  LevelBar view(bar, controls::Look::Plain, nullptr);
   bar.setValue(47.6F);
   EXPECT_EQ(view.value(), 48);
   bar.setValue(120);
   EXPECT_EQ(view.value(), 100);
+}
+
+TEST(LevelBarBinding, OnlyALevelIsAmberBelowTheMiddle) {
+  controls::ProgressBar bar;
+  bar.setValue(30);
+  LevelBar level(bar, controls::Look::Plain, nullptr);
+  LevelBar progress(bar, controls::Look::Progress, nullptr);
+  level.resize(100, 6);
+  progress.resize(100, 6);
+  const auto colour = [](QWidget& view) { return view.grab().toImage().pixelColor(15, 3); };
+  EXPECT_EQ(colour(level), theme::kAmber);
+  EXPECT_EQ(colour(progress), theme::kAccent);
 }
 
 TEST(PlainButtons, ShowWhatTheModelSaysAfterAClick) {

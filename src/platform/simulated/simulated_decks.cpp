@@ -15,6 +15,26 @@ std::string shortest(double value) {
   return std::string(text, std::to_chars(text, text + sizeof text, value).ptr);
 }
 
+/// Tells one duration after the other, each when its time has come.
+class SlowReader : public DurationReader {
+ public:
+  SlowReader(std::unique_ptr<DurationReader> plain, const Timeline& timeline,
+             Timeline::Duration each)
+      : plain_(std::move(plain)), timeline_(timeline), each_(each), due_(timeline.now() + each) {}
+
+  std::vector<double> take() override {
+    if (timeline_.now() < due_) return {};
+    due_ = timeline_.now() + each_;
+    return plain_->take();
+  }
+
+ private:
+  std::unique_ptr<DurationReader> plain_;
+  const Timeline& timeline_;
+  Timeline::Duration each_;
+  Timeline::Duration due_;
+};
+
 std::string_view nameOf(std::string_view path) {
   const std::size_t end = path.find_last_of("\\/");
   return end == std::string_view::npos ? path : path.substr(end + 1);
@@ -28,6 +48,11 @@ std::unique_ptr<FilterGraph> SimulatedDecks::createFilterGraph() {
   nameAtCreation(*graph);
   graphs_.push_back(graph.get());
   return graph;
+}
+
+std::unique_ptr<DurationReader> SimulatedDecks::readDurations(std::vector<std::string> paths) {
+  return std::make_unique<SlowReader>(FilterGraphFactory::readDurations(std::move(paths)),
+                                      timeline_, readingTime_);
 }
 
 const SimulatedGraph* SimulatedDecks::graph(char letter) const {

@@ -29,11 +29,14 @@ class SimulatedDecks : public FilterGraphFactory {
   SimulatedDecks& operator=(const SimulatedDecks&) = delete;
 
   std::unique_ptr<FilterGraph> createFilterGraph() override;
+  std::unique_ptr<DurationReader> readDurations(std::vector<std::string> paths) override;
   std::string soundTrouble() const override { return trouble_; }
 
   double startDelay() const override { return startDelay_; }
 
   void setSoundTrouble(std::string text) { trouble_ = std::move(text); }
+  /// How long reading the duration of one file takes: until then there is nothing more to be told.
+  void setReadingTime(Timeline::Duration time) { readingTime_ = time; }
   /// Told to the player only: positions and what is audible do not follow it.
   void setStartDelay(double seconds) { startDelay_ = seconds; }
 
@@ -55,6 +58,7 @@ class SimulatedDecks : public FilterGraphFactory {
   std::vector<SimulatedGraph*> graphs_;  // in order of creation
   std::string trouble_;
   double startDelay_ = 0;
+  Timeline::Duration readingTime_{0};
 };
 
 /// Beyond what `FilterGraph` says: a graph holds one file for its life, a second `renderFile`

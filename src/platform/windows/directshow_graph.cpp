@@ -105,6 +105,11 @@ const DirectShowGraph::Rendered& DirectShowGraph::rendered() const {
   return *rendered_;
 }
 
+double DirectShowGraph::durationOf(const std::string& path) {
+  thread_local const OpenerApartment apartment;
+  return Rendered(path).length;
+}
+
 void DirectShowGraph::renderFile(const std::string& path) {
   rendered_.reset();
   rendered_ = opener_.wait(path, [path] {

@@ -19,6 +19,11 @@ class DirectShowGraph : public platform::FilterGraph {
  public:
   /// `opener` outlives the graph.
   explicit DirectShowGraph(base::PatientCaller& opener);
+
+  /// What `duration` of a graph with this file tells, in seconds, or the failure to render it.
+  /// Makes a graph and destroys it, all on the calling thread, which need not have heard of COM.
+  static double durationOf(const std::string& path);
+
   ~DirectShowGraph() override;
 
   void renderFile(const std::string& path) override;

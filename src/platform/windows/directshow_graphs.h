@@ -1,20 +1,35 @@
 // Makes decks on DirectShow.
 #pragma once
 
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "base/file_memory.h"
 #include "base/patient_caller.h"
+#include "base/retired_threads.h"
 #include "platform/filter_graph.h"
 
 namespace nerolith::windows {
 
 /// Outlives its graphs; COM has to be in use (see com_apartment.h). The output's delay is 0 as far
 /// as mixing goes: a running deck's position is as far ahead of what is heard as a fresh deck's.
+///
+/// Durations are read ahead by one thread, in the multithreaded apartment as the one that opens
+/// files for the decks, and no graph leaves the thread that made it. Not by several: which
+/// filters come into a graph is up to what is installed, and not all are made to be built in two
+/// graphs at the same moment. The figure is DirectShow's own, so no file is parsed here; one that
+/// was measured and is unchanged (size, time) is not opened again.
 class DirectShowGraphs : public platform::FilterGraphFactory {
  public:
   std::unique_ptr<platform::FilterGraph> createFilterGraph() override;
+  std::unique_ptr<platform::DurationReader> readDurations(std::vector<std::string> paths) override;
   std::string soundTrouble() const override;
 
  private:
+  base::RetiredThreads retired_;
   base::PatientCaller opener_;
+  std::shared_ptr<base::FileMemory> known_ = std::make_shared<base::FileMemory>();
 };
 
 }  // namespace nerolith::windows

@@ -13,7 +13,7 @@ bool DeckFeed::seekUnderWay() const {
 }
 
 void DeckFeed::quit() {
-  quit_.store(true, std::memory_order_release);
+  watch_.abandoned.store(true, std::memory_order_release);
   ring();
 }
 

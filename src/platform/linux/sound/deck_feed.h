@@ -4,6 +4,7 @@
 #include <atomic>
 #include <cstdint>
 
+#include "base/job_watch.h"
 #include "platform/linux/sound/frame_queue.h"
 
 namespace nerolith::sound {
@@ -30,8 +31,9 @@ class DeckFeed {
 
   /// The deck is gone; the thread ends at its next look.
   void quit();
-  bool quitting() const { return quit_.load(std::memory_order_acquire); }
-  const std::atomic<bool>& quitFlag() const { return quit_; }
+  bool quitting() const { return watch_.abandoned.load(std::memory_order_acquire); }
+  /// Abandoned with `quit`; whoever waits for the file to open sees the progress of its reads.
+  base::JobWatch& watch() { return watch_; }
 
   /// Mix side: wakes the decoding thread when the queue has fallen below one half.
   void consumed();
@@ -46,7 +48,7 @@ class DeckFeed {
   std::atomic<std::uint64_t> requested_{0};
   std::atomic<std::int64_t> target_{0};
   std::atomic<std::uint64_t> served_{0};
-  std::atomic<bool> quit_{false};
+  base::JobWatch watch_;
   std::atomic<std::uint32_t> bell_{0};
   std::atomic<bool> asleep_{false};
 };

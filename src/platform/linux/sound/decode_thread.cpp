@@ -55,7 +55,7 @@ void decode(DeckFeed& feed, const SourceOpener& open, const std::string& path,
             std::promise<std::int64_t> ready) {
   std::unique_ptr<AudioSource> source;
   try {
-    source = open(path, feed.quitFlag());
+    source = open(path, feed.watch());
     decodeUpTo(*source, feed, kHeadStart);
     ready.set_value(source->totalFrames());
   } catch (...) {
@@ -71,7 +71,7 @@ void decode(DeckFeed& feed, const SourceOpener& open, const std::string& path,
 
 }  // namespace
 
-DecodeThread::DecodeThread(RetiredThreads& retired, SourceOpener open, std::string path)
+DecodeThread::DecodeThread(base::RetiredThreads& retired, SourceOpener open, std::string path)
     : retired_(retired),
       path_(std::move(path)),
       feed_(std::make_shared<DeckFeed>()),
@@ -96,8 +96,11 @@ DecodeThread::~DecodeThread() {
   retired_.retire(std::move(thread_), ended_);
 }
 
-std::int64_t DecodeThread::waitUntilReady(std::chrono::milliseconds patience) {
-  if (ready_.wait_for(patience) != std::future_status::ready) {
+std::int64_t DecodeThread::waitUntilReady(const base::Patience::Limits& limits) {
+  const auto look = std::max(limits.standstill / 50, std::chrono::milliseconds(1));
+  base::Patience patience(limits, base::Patience::Clock::now());
+  while (ready_.wait_for(look) != std::future_status::ready) {
+    if (!patience.over(feed_->watch().progress.load(), base::Patience::Clock::now())) continue;
     throw platform::Failure("Cannot play " + quotedName(path_) +
                             ": the disk or network share does not answer.");
   }

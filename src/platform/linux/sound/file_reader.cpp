@@ -35,6 +35,11 @@ std::string reasonText(int error) {
   throw Failure("Cannot play " + quotedName(path) + ": " + reason + ".", code);
 }
 
+base::FileStamp stampOf(const struct stat& status) {
+  constexpr std::int64_t kSecond = 1'000'000'000;
+  return {status.st_size, status.st_mtim.tv_sec * kSecond + status.st_mtim.tv_nsec, status.st_ino};
+}
+
 /// Length of the UTF-8 sequence that starts `text`, 0 if it is none.
 std::size_t sequenceLength(std::string_view text) {
   const auto first = static_cast<unsigned char>(text[0]);
@@ -68,8 +73,14 @@ std::string quotedName(const std::string& path) {
   return shown + "\"";
 }
 
-FileReader::FileReader(const std::string& path, const std::atomic<bool>& abort)
-    : path_(path), abort_(abort) {
+std::optional<base::FileStamp> stampOfFile(const std::string& path) {
+  struct stat status {};
+  if (path.find('\0') != std::string::npos || ::stat(path.c_str(), &status) != 0) return {};
+  return stampOf(status);
+}
+
+FileReader::FileReader(const std::string& path, base::JobWatch& watch)
+    : path_(path), watch_(watch) {
   if (path.find('\0') != std::string::npos) fail(path, reasonText(ENOENT), ENOENT);
   // Non-blocking, or a pipe without a writer would hold us for ever before we can see what it is.
   descriptor_ = ::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY);
@@ -88,7 +99,7 @@ FileReader::FileReader(const std::string& path, const std::atomic<bool>& abort)
     ::close(descriptor_);
     fail(path, reason, error);
   }
-  size_ = status.st_size;
+  stamp_ = stampOf(status);
   ::posix_fadvise(descriptor_, 0, 0, POSIX_FADV_SEQUENTIAL);
 }
 
@@ -104,6 +115,7 @@ std::int64_t FileReader::readAt(std::int64_t offset, std::span<std::uint8_t> out
     if (count < 0) return done > 0 ? static_cast<std::int64_t>(done) : -1;
     if (count == 0) break;
     done += static_cast<std::size_t>(count);
+    watch_.progress.fetch_add(static_cast<std::uint64_t>(count), std::memory_order_relaxed);
   }
   return static_cast<std::int64_t>(done);
 }

@@ -3,8 +3,12 @@
 
 #include <atomic>
 #include <cstdint>
+#include <optional>
 #include <span>
 #include <string>
+
+#include "base/file_memory.h"
+#include "base/job_watch.h"
 
 namespace nerolith::sound {
 
@@ -13,25 +17,31 @@ namespace nerolith::sound {
 class FileReader {
  public:
   /// Fails (`platform::Failure`) for a missing, unreadable or empty file and for anything that is
-  /// no regular file. `abort`, once true, makes later reads fail; it must outlive the reader.
-  FileReader(const std::string& path, const std::atomic<bool>& abort);
+  /// no regular file. `watch` hears of each byte read, and makes later reads fail once it says
+  /// that the job is abandoned; it must outlive the reader.
+  FileReader(const std::string& path, base::JobWatch& watch);
   ~FileReader();
   FileReader(const FileReader&) = delete;
   FileReader& operator=(const FileReader&) = delete;
 
   const std::string& path() const { return path_; }
-  std::int64_t size() const { return size_; }
-  bool aborted() const { return abort_.load(std::memory_order_relaxed); }
+  std::int64_t size() const { return stamp_.size; }
+  /// As it was when it was opened.
+  const base::FileStamp& stamp() const { return stamp_; }
+  bool aborted() const { return watch_.abandoned.load(std::memory_order_relaxed); }
 
   /// Bytes read at `offset`, 0 at the end, -1 when the medium fails or the reading was aborted.
   std::int64_t readAt(std::int64_t offset, std::span<std::uint8_t> out) const;
 
  private:
   std::string path_;
-  const std::atomic<bool>& abort_;
+  base::JobWatch& watch_;
   int descriptor_ = -1;
-  std::int64_t size_ = 0;
+  base::FileStamp stamp_;
 };
+
+/// The file of this name as it is now, without opening it; none if it cannot be examined.
+std::optional<base::FileStamp> stampOfFile(const std::string& path);
 
 /// The path's last part, in quotes, for error texts; bytes that are no UTF-8 become "?".
 std::string quotedName(const std::string& path);

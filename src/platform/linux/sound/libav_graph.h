@@ -1,16 +1,16 @@
 // One deck of the player on Linux.
 #pragma once
 
-#include <chrono>
 #include <cstdint>
 #include <memory>
 #include <string>
 
+#include "base/patience.h"
+#include "base/retired_threads.h"
 #include "platform/filter_graph.h"
 #include "platform/linux/sound/deck_mixer.h"
 #include "platform/linux/sound/decode_thread.h"
 #include "platform/linux/sound/open_source.h"
-#include "platform/linux/sound/retired_threads.h"
 #include "platform/linux/sound/sound_output.h"
 
 namespace nerolith::sound {
@@ -19,13 +19,13 @@ namespace nerolith::sound {
 struct DeckSurroundings {
   DeckMixer& mixer;
   SoundOutput& output;
-  RetiredThreads& retired;
+  base::RetiredThreads& retired;
   SourceOpener open;
-  std::chrono::milliseconds openPatience{5000};
+  base::Patience::Limits openPatience;
 };
 
 /// Opening and decoding happen on a thread of the deck's own; the calls here only wait for the
-/// opening (five seconds at the most).
+/// opening (five seconds at the most without a byte read, half a minute in all).
 class LibavGraph : public platform::FilterGraph {
  public:
   explicit LibavGraph(const DeckSurroundings& surroundings);

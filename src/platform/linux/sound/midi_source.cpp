@@ -78,6 +78,8 @@ bool isMidi(const FileReader& file) {
   return file.readAt(0, head) == static_cast<std::int64_t>(head.size()) && looksLikeMidi(head);
 }
 
+std::int64_t midiFrames(const FileReader& file) { return readScore(file).frames; }
+
 MidiSource::MidiSource(const FileReader& file) : score_(readScore(file)) {
   const std::string soundFont = installedSoundFont();
   if (!soundFont.empty()) synth_ = std::make_unique<Synth>(soundFont);

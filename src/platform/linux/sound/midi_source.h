@@ -13,6 +13,10 @@ namespace nerolith::sound {
 
 bool isMidi(const FileReader& file);
 
+/// Length in frames of the mix, as a `MidiSource` would tell it: of that is needed a SoundFont, of
+/// this the score alone. Fails (`platform::Failure`) for a file without notes.
+std::int64_t midiFrames(const FileReader& file);
+
 /// We time the events ourselves and only ask FluidSynth for the sound between them: the length is
 /// known at once, and a seek need not render all that comes before it.
 class MidiSource : public AudioSource {

@@ -11,14 +11,19 @@ namespace {
 
 /// What a decoder needs of the past: mp3 frames borrow up to 511 bytes from those before them.
 constexpr std::int64_t kRunUpFrames = 12;
-/// An mp3 decoder's own delay, counted by encoders as known.
-constexpr int kDecoderDelay = 529;
 
 AVCodecID codecOfLayer(int layer) {
   return layer == 3 ? AV_CODEC_ID_MP3 : layer == 2 ? AV_CODEC_ID_MP2 : AV_CODEC_ID_MP1;
 }
 
 }  // namespace
+
+std::int64_t mpegFramesOfMix(const FileReader& file, const MpegSong& song) {
+  if (avcodec_find_decoder(codecOfLayer(song.header.layer)) == nullptr) return 0;
+  const std::int64_t frames = song.told ? song.told->frames : indexMpegFrames(file, song).frames;
+  const MpegSpan span = mpegSpan(song, frames);
+  return framesOfSamples(span.end - span.begin, song.header.sampleRate);
+}
 
 MpegAudioSource::MpegAudioSource(std::unique_ptr<FileReader> file, const MpegSong& song)
     : file_(std::move(file)),
@@ -47,16 +52,9 @@ void MpegAudioSource::openDecoder() {
 
 void MpegAudioSource::measure() {
   const std::int64_t frames = song_.told ? song_.told->frames : index().frames;
-  const std::int64_t samples = frames * song_.header.samples;
-  end_ = samples;
-  if (song_.told && song_.told->gapless) {
-    begin_ = song_.told->delay + kDecoderDelay;
-    end_ = std::min(samples, samples - song_.told->padding + kDecoderDelay);
-    if (end_ <= begin_) {  // nonsense: a song of nothing
-      begin_ = 0;
-      end_ = samples;
-    }
-  }
+  const MpegSpan span = mpegSpan(song_, frames);
+  begin_ = span.begin;
+  end_ = span.end;
   total_ = framesOfSamples(end_ - begin_, song_.header.sampleRate);
   if (total_ <= 0) {
     throw platform::Failure("Cannot play " + quotedName(file_->path()) + ": it holds no sound.");

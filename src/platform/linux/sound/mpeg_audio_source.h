@@ -14,6 +14,10 @@
 
 namespace nerolith::sound {
 
+/// Length in frames of the mix, as an `MpegAudioSource` would tell it, without a decoder. 0 where
+/// that would fail.
+std::int64_t mpegFramesOfMix(const FileReader& file, const MpegSong& song);
+
 /// These files are a bare row of frames, and most of a music library. Walking the frames ourselves
 /// makes the length exact also without a song header, every seek sample-exact, and opening quick.
 /// The file is read through once when it has no trustworthy song header, else at the first seek.

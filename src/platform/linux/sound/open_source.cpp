@@ -8,10 +8,10 @@
 
 namespace nerolith::sound {
 
-std::unique_ptr<AudioSource> openSource(const std::string& path, const std::atomic<bool>& abort) {
+std::unique_ptr<AudioSource> openSource(const std::string& path, base::JobWatch& watch) {
   // Damaged files are part of a music library; what libav thinks of them is for nobody's terminal.
   av_log_set_level(AV_LOG_QUIET);
-  auto file = std::make_unique<FileReader>(path, abort);
+  auto file = std::make_unique<FileReader>(path, watch);
   if (isMidi(*file)) return std::make_unique<MidiSource>(*file);
   if (const auto song = findMpegSong(*file)) {
     return std::make_unique<MpegAudioSource>(std::move(file), *song);

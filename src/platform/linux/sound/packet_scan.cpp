@@ -10,6 +10,8 @@ namespace {
 
 constexpr std::size_t kBlock = std::size_t{64} * 1024;
 constexpr std::int64_t kForeignBytes = std::int64_t{64} * 1024;
+/// An mp3 decoder's own delay, counted by encoders as known.
+constexpr int kDecoderDelay = 529;
 
 bool namedAsMpegAudio(const std::string& path) {
   std::string ending = path.substr(std::min(path.size(), path.find_last_of('.') + 1));
@@ -125,6 +127,15 @@ std::optional<MpegSong> findMpegSong(const FileReader& file) {
     if (const auto song = songAt(file, start + i)) return song;
   }
   return std::nullopt;
+}
+
+MpegSpan mpegSpan(const MpegSong& song, std::int64_t frames) {
+  const std::int64_t samples = frames * song.header.samples;
+  if (!song.told || !song.told->gapless) return {0, samples};
+  const std::int64_t begin = song.told->delay + kDecoderDelay;
+  const std::int64_t end = std::min(samples, samples - song.told->padding + kDecoderDelay);
+  // Gaps longer than the song are nonsense.
+  return end > begin ? MpegSpan{begin, end} : MpegSpan{0, samples};
 }
 
 MpegFrameIndex indexMpegFrames(const FileReader& file, const MpegSong& song) {

@@ -60,6 +60,16 @@ struct MpegSong {
 /// with some foreign bytes, any other must begin with a frame (or a tag and a frame).
 std::optional<MpegSong> findMpegSong(const FileReader& file);
 
+/// Where the song lies in its samples, counted from the first frame of sound: behind the encoder's
+/// delay, before its padding.
+struct MpegSpan {
+  std::int64_t begin = 0;
+  std::int64_t end = 0;
+};
+
+/// `frames` is the number of the song's frames, told or counted.
+MpegSpan mpegSpan(const MpegSong& song, std::int64_t frames);
+
 /// Reads the whole file once: about a millisecond for each 5 MB that the system has in memory.
 MpegFrameIndex indexMpegFrames(const FileReader& file, const MpegSong& song);
 

@@ -7,11 +7,12 @@
 #include <memory>
 #include <string>
 
+#include "base/retired_threads.h"
 #include "platform/filter_graph.h"
 #include "platform/linux/sound/deck_mixer.h"
 #include "platform/linux/sound/libav_graph.h"
 #include "platform/linux/sound/open_source.h"
-#include "platform/linux/sound/retired_threads.h"
+#include "platform/linux/sound/song_measurer.h"
 #include "platform/linux/sound/sound_output.h"
 
 namespace nerolith::sound {
@@ -33,19 +34,23 @@ class SoundEngine : public platform::FilterGraphFactory {
   SoundEngine();
   /// With another output, another way to open files, or less patience.
   explicit SoundEngine(const OutputMaker& makeOutput, SourceOpener open = openSource,
-                       std::chrono::milliseconds openPatience = std::chrono::milliseconds(5000));
+                       base::Patience::Limits openPatience = {});
 
   std::unique_ptr<platform::FilterGraph> createFilterGraph() override;
   std::string soundTrouble() const override;
   double startDelay() const override;
+  /// On two to four threads: libav, our own parsers and the system's file calls know no state that
+  /// two files share.
+  std::unique_ptr<platform::DurationReader> readDurations(std::vector<std::string> paths) override;
 
   EngineCounters counters() const;
 
  private:
-  RetiredThreads retired_;
+  base::RetiredThreads retired_;
   DeckMixer mixer_;
   std::unique_ptr<SoundOutput> output_;
   DeckSurroundings surroundings_;
+  std::shared_ptr<SongMeasurer> measurer_;  // shared with threads that may hang for longer
 };
 
 }  // namespace nerolith::sound

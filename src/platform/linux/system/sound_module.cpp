@@ -78,6 +78,11 @@ std::unique_ptr<FilterGraph> LazySoundEngine::createFilterGraph() {
   return std::make_unique<LazyGraph>(*this);
 }
 
+std::unique_ptr<platform::DurationReader> LazySoundEngine::readDurations(
+    std::vector<std::string> paths) {
+  return engine().readDurations(std::move(paths));
+}
+
 std::string LazySoundEngine::soundTrouble() const {
   if (!over_.load(std::memory_order_acquire)) return {};
   return engine_ ? engine_->soundTrouble() : trouble_;

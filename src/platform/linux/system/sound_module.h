@@ -34,6 +34,7 @@ class LazySoundEngine : public platform::FilterGraphFactory {
   void warmUp();
 
   std::unique_ptr<platform::FilterGraph> createFilterGraph() override;
+  std::unique_ptr<platform::DurationReader> readDurations(std::vector<std::string> paths) override;
   std::string soundTrouble() const override;
   double startDelay() const override;
 

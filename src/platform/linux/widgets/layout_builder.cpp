@@ -48,7 +48,7 @@ struct Maker {
   QWidget* operator()(controls::ScrollBar* bar) const { return new PositionSlider(*bar, parent); }
   QWidget* operator()(controls::ProgressBar* bar) const {
     if (look == Look::Meter) return new MeterBar(*bar, parent);
-    return new LevelBar(*bar, parent);
+    return new LevelBar(*bar, look, parent);
   }
   QWidget* operator()(controls::DriveListBox* drives) const {
     return new DriveCombo(*drives, parent);

@@ -9,7 +9,8 @@
 
 namespace nerolith::widgets {
 
-LevelBar::LevelBar(controls::ProgressBar& bar, QWidget* parent) : QProgressBar(parent), bar_(bar) {
+LevelBar::LevelBar(controls::ProgressBar& bar, controls::Look look, QWidget* parent)
+    : QProgressBar(parent), bar_(bar), level_(look != controls::Look::Progress) {
   setRange(0, 100);
   setTextVisible(false);
   setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
@@ -19,7 +20,7 @@ LevelBar::LevelBar(controls::ProgressBar& bar, QWidget* parent) : QProgressBar(p
 /// A fade moves the level ten times a second, but seldom by so much that it can be seen.
 void LevelBar::refresh() {
   const int lit = static_cast<int>(std::lround(share() * width() * devicePixelRatioF()));
-  const bool amber = share() < 0.5;
+  const bool amber = low();
   if (lit != lit_ || amber != amber_) update();
   lit_ = lit;
   amber_ = amber;
@@ -37,7 +38,7 @@ void LevelBar::paintEvent(QPaintEvent*) {
   painter.drawRoundedRect(QRectF(rect()), round, round);
   if (share() <= 0) return;
   painter.setClipRect(QRectF(0, 0, width() * share(), height()));
-  painter.setBrush(share() < 0.5 ? theme::kAmber : theme::kAccent);
+  painter.setBrush(low() ? theme::kAmber : theme::kAccent);
   painter.drawRoundedRect(QRectF(rect()), round, round);
 }
 

@@ -3,14 +3,16 @@
 
 #include <QProgressBar>
 
+#include "controls/layout.h"
 #include "controls/progress_bar.h"
 
 namespace nerolith::widgets {
 
-/// Green while it is well filled, amber below the middle: a deck that fades away is seen at once.
+/// The level of a deck is green while it is well filled, amber below the middle: a fade is seen at
+/// once. Work that goes on is green from its beginning.
 class LevelBar : public QProgressBar {
  public:
-  LevelBar(controls::ProgressBar& bar, QWidget* parent);
+  LevelBar(controls::ProgressBar& bar, controls::Look look, QWidget* parent);
   QSize sizeHint() const override { return {88, 5}; }
   QSize minimumSizeHint() const override { return {24, 5}; }
 
@@ -21,8 +23,10 @@ class LevelBar : public QProgressBar {
   void refresh();
   /// How much of it is filled, 0..1.
   qreal share() const;
+  bool low() const { return level_ && share() < 0.5; }
 
   controls::ProgressBar& bar_;
+  bool level_;
   // As it is on the screen: device pixels filled, and in which colour.
   int lit_ = -1;
   bool amber_ = false;

@@ -14,8 +14,8 @@ constexpr Ink kTrough{0x22, 0x30, 0x2c};
 
 }  // namespace
 
-LevelBar::LevelBar(FormGround& ground, controls::ProgressBar& bar)
-    : ControlView(ground, bar), bar_(bar) {
+LevelBar::LevelBar(FormGround& ground, controls::ProgressBar& bar, controls::Look look)
+    : ControlView(ground, bar), bar_(bar), level_(look != controls::Look::Progress) {
   create({PROGRESS_CLASSW, WS_CHILD | WS_VISIBLE | WS_CLIPSIBLINGS, 0, ground.window()});
   SendMessageW(handle(), PBM_SETRANGE32, 0, 100);
   setName(wideOf(bar.accessibleName()));
@@ -39,7 +39,7 @@ void LevelBar::paint(Canvas& canvas) {
   if (share <= 0) return;
   const double end = std::max(canvas.width() * share, 1.0);
   canvas.fill(Shape().roundedRect({0, 0, end, double(canvas.height())}, round),
-              share < 0.5 ? ink::kAmber : ink::kAccent);
+              level_ && share < 0.5 ? ink::kAmber : ink::kAccent);
 }
 
 }  // namespace nerolith::windows_forms

@@ -1,15 +1,16 @@
-// How loud a deck is set.
+// How loud a deck is set, or how far work has got.
 #pragma once
 
+#include "controls/layout.h"
 #include "controls/progress_bar.h"
 #include "platform/windows/forms/control_view.h"
 
 namespace nerolith::windows_forms {
 
-/// A slim bar, amber below half.
+/// A slim bar; a level is amber below half, work that goes on is green from its beginning.
 class LevelBar : public ControlView {
  public:
-  LevelBar(FormGround& ground, controls::ProgressBar& bar);
+  LevelBar(FormGround& ground, controls::ProgressBar& bar, controls::Look look);
   Extent extent() const override;
 
  protected:
@@ -18,6 +19,7 @@ class LevelBar : public ControlView {
 
  private:
   controls::ProgressBar& bar_;
+  bool level_;
 };
 
 }  // namespace nerolith::windows_forms

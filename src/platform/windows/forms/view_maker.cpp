@@ -52,7 +52,7 @@ struct Maker {
   }
   View operator()(controls::ProgressBar* bar) const {
     if (look == Look::Meter) return std::make_unique<MeterBar>(ground, *bar);
-    return std::make_unique<LevelBar>(ground, *bar);
+    return std::make_unique<LevelBar>(ground, *bar, look);
   }
   View operator()(controls::DriveListBox* drives) const {
     return std::make_unique<DriveCombo>(ground, *drives);

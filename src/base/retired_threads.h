@@ -1,4 +1,4 @@
-// Decoding threads whose deck is gone.
+// Threads whose owner is gone.
 #pragma once
 
 #include <atomic>
@@ -7,12 +7,12 @@
 #include <thread>
 #include <vector>
 
-namespace nerolith::sound {
+namespace nerolith::base {
 
-/// A deck must fall silent and go at once, even when its thread hangs in a network share that died.
-/// So a deck hands its thread over here. Threads that end are joined in passing; at the end of the
-/// program the rest get half a second and are then left to the system: they own all they touch.
-/// User-interface thread only.
+/// A deck must fall silent and go at once, and a count must end at once, even when its thread hangs
+/// in a network share that died. So they hand their threads over here. Threads that end are joined
+/// in passing; at the end of the program the rest get half a second and are then left to the
+/// system: they own all they touch. User-interface thread only.
 class RetiredThreads {
  public:
   static constexpr std::chrono::milliseconds kPatience{500};
@@ -36,4 +36,4 @@ class RetiredThreads {
   std::vector<Retired> threads_;
 };
 
-}  // namespace nerolith::sound
+}  // namespace nerolith::base

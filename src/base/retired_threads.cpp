@@ -1,8 +1,8 @@
-#include "platform/linux/sound/retired_threads.h"
+#include "base/retired_threads.h"
 
 #include <utility>
 
-namespace nerolith::sound {
+namespace nerolith::base {
 
 RetiredThreads::~RetiredThreads() {
   const auto deadline = std::chrono::steady_clock::now() + kPatience;
@@ -27,4 +27,4 @@ void RetiredThreads::reap() {
   });
 }
 
-}  // namespace nerolith::sound
+}  // namespace nerolith::base
