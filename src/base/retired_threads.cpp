@@ -5,7 +5,7 @@
 namespace nerolith::base {
 
 RetiredThreads::~RetiredThreads() {
-  const auto deadline = std::chrono::steady_clock::now() + kPatience;
+  const auto deadline = std::chrono::steady_clock::now() + patience_;
   reap();
   while (!threads_.empty() && std::chrono::steady_clock::now() < deadline) {
     std::this_thread::sleep_for(std::chrono::milliseconds(1));

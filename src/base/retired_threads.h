@@ -11,13 +11,13 @@ namespace nerolith::base {
 
 /// A deck must fall silent and go at once, and a count must end at once, even when its thread hangs
 /// in a network share that died. So they hand their threads over here. Threads that end are joined
-/// in passing; at the end of the program the rest get half a second and are then left to the
-/// system: they own all they touch. User-interface thread only.
+/// in passing; at the end of the program the rest get some time (half a second, unless a backend
+/// needs more) and are then left to the system: they own all they touch. User-interface thread
+/// only.
 class RetiredThreads {
  public:
-  static constexpr std::chrono::milliseconds kPatience{500};
-
-  RetiredThreads() = default;
+  explicit RetiredThreads(std::chrono::milliseconds patience = std::chrono::milliseconds(500))
+      : patience_(patience) {}
   ~RetiredThreads();
   RetiredThreads(const RetiredThreads&) = delete;
   RetiredThreads& operator=(const RetiredThreads&) = delete;
@@ -33,6 +33,8 @@ class RetiredThreads {
     std::thread thread;
     std::shared_ptr<const std::atomic<bool>> ended;
   };
+
+  std::chrono::milliseconds patience_;
   std::vector<Retired> threads_;
 };
 

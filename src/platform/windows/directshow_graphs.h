@@ -1,6 +1,7 @@
 // Makes decks on DirectShow.
 #pragma once
 
+#include <chrono>
 #include <memory>
 #include <string>
 #include <vector>
@@ -27,7 +28,8 @@ class DirectShowGraphs : public platform::FilterGraphFactory {
   std::string soundTrouble() const override;
 
  private:
-  base::RetiredThreads retired_;
+  // The making of a graph cannot be broken off, and the program must not end in the midst of it.
+  base::RetiredThreads retired_{std::chrono::seconds(3)};
   base::PatientCaller opener_;
   std::shared_ptr<base::FileMemory> known_ = std::make_shared<base::FileMemory>();
 };
