@@ -13,7 +13,7 @@ class Patience {
   using Clock = std::chrono::steady_clock;
   struct Limits {
     std::chrono::milliseconds standstill{5000};  // without any progress
-    std::chrono::milliseconds inAll{30000};      // however it goes on
+    std::chrono::milliseconds inAll{10000};      // however it goes on
   };
 
   /// Waiting begins at `now`.

@@ -22,7 +22,7 @@ class FilterGraph {
 
   /// Opens `path` (UTF-8, absolute) and makes it ready to run; when it returns, `duration` is
   /// known to within 0.1 s. Nothing is heard yet. Fails for a missing, empty, unreadable or
-  /// non-audio file, for one of which nothing can be read for 5 s, and after 30 s at the latest for
+  /// non-audio file, for one of which nothing can be read for 5 s, and after 10 s at the latest for
   /// one that is read too slowly; the graph is then still empty.
   virtual void renderFile(const std::string& path) = 0;
 

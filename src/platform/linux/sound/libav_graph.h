@@ -25,7 +25,7 @@ struct DeckSurroundings {
 };
 
 /// Opening and decoding happen on a thread of the deck's own; the calls here only wait for the
-/// opening (five seconds at the most without a byte read, half a minute in all).
+/// opening (five seconds at the most without a byte read, ten seconds in all).
 class LibavGraph : public platform::FilterGraph {
  public:
   explicit LibavGraph(const DeckSurroundings& surroundings);
