@@ -184,6 +184,7 @@ def _tell_clicks(report, clicks, streams):
 
 LIST_LIMITS = {"folder_10000": 60, "folder_50000": 300, "entries_100000": 60,
                "select_all_100000": 5, "deselect_all_100000": 5, "tick_100000": 5,
+               "remove_50000_of_100000": 60, "select_unplayed_10000": 5,
                "editor_100000": 150,
                "import_100000": 100, "import_1000000": 1000, "memory_with_1000000": 150,
                "update_100000": 150, "quick_add_10000": 50}

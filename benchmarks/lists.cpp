@@ -211,6 +211,45 @@ void measurePlaylists(Window& window, const fs::path& scratch) {
   require(fs::file_size(scratch / "100000.m3u") > before + kTries * 400000, "nothing was added");
 }
 
+/// Every other entry is selected and removed by Del, the rest is painted.
+void measureRemoval(Window& window) {
+  forms::MainForm& form = window.program.mainForm();
+  measure(
+      "remove_50000_of_100000",
+      [&] {
+        std::vector<std::string> entries;
+        for (int i = 0; i < 100000; ++i)
+          entries.push_back("A song of some length, number " + std::to_string(i) + ".mp3");
+        window.program.songs().refill(std::move(entries));
+        for (int i = 0; i < 100000; i += 2) form.List1.setSelected(i, true);
+        window.paint();
+      },
+      [&] {
+        form.form.keyDown.raise({.key = controls::Key::Delete});
+        window.paint();
+      });
+  require(form.List1.count() == 50000, "the entries were not removed");
+}
+
+/// The clock of the simulated machine stands in: the wait for a tenth of a second takes none.
+void measureSelectUnplayed(Window& window) {
+  library::SongList& songs = window.program.songs();
+  library::SelectionFunctions functions(songs, window.simulated.clock);
+  window.simulated.clock.setReadingTime(std::chrono::milliseconds(1));
+  measure(
+      "select_unplayed_10000",
+      [&] {
+        songs.refill(std::vector<std::string>(10000, "A song of some length.mp3"));
+        for (int i = 0; i < 10000; i += 3) songs.setPlayed(i, true);
+        window.paint();
+      },
+      [&] {
+        functions.selectUnplayed();
+        window.paint();
+      });
+  require(songs.list1().selectedCount() == 6666, "not the unplayed ones were selected");
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -228,4 +267,6 @@ int main(int argc, char** argv) {
   measureFolder(window, scratch, 50000, "folder_50000");
   measureList(window);
   measureEditor(window, scratch);
+  measureRemoval(window);
+  measureSelectUnplayed(window);
 }

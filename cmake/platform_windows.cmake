@@ -8,7 +8,7 @@ nerolith_layer(nerolith_windows_system SOURCES ${windows_sources}
 
 nerolith_sources(form_sources platform/windows/forms)
 nerolith_layer(nerolith_windows_forms SOURCES ${form_sources}
-               USES nerolith_core comctl32 ole32 uuid gdi32 shell32)
+               USES nerolith_core comctl32 ole32 uuid gdi32 shell32 oleacc)
 if(form_sources)
   target_compile_definitions(nerolith_windows_forms PUBLIC UNICODE NOMINMAX _WIN32_WINNT=0x0A00)
 endif()

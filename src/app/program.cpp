@@ -35,6 +35,8 @@ Program::Program(const platform::Machine& machine, const StandIns& standIns)
                   songs_, browser_, stored_},
                  editor_.editor(), menu_),
       listWork_(machine, form_, menu_, songs_, live_, stored_),
+      settingsWindow_(settingsForm_, menu_.form2aan, live_, stored_,
+                      [this] { return browser_.folder(); }),
       mainWindow_(form_, menu_, neighbours(), [this] { player_.list1_DblClick(); }),
       startUp_(machine, {form_, live_, stored_, songs_, browser_, player_, neighbours()}),
       shutDown_(stored_, browser_, neighbours()) {
@@ -42,6 +44,8 @@ Program::Program(const platform::Machine& machine, const StandIns& standIns)
   unload_ = form_.form.unload.subscribe([this] { unload(); });
   takeDroppedFiles();
   machine_.windows.add(form_.form);
+  settingsForm_.form.setOwner(form_.form);
+  machine_.windows.add(settingsForm_.form);
 }
 
 void Program::takeDroppedFiles() {
@@ -65,7 +69,10 @@ Neighbours Program::neighbours() {
           chosen<NotificationIcon>(standIns_.icon, icon_)};
 }
 
-Program::~Program() { machine_.windows.remove(form_.form); }
+Program::~Program() {
+  machine_.windows.remove(settingsForm_.form);
+  machine_.windows.remove(form_.form);
+}
 
 void Program::start(const std::string& commandLine) {
   startUp_.load();
@@ -77,6 +84,7 @@ void Program::unload() {
   if (ended_) return;
   ended_ = true;
   editor_.end();
+  settingsWindow_.closeIfOpen();
   form_.Timer1.setEnabled(false);
   player_.decks().releaseA();
   player_.decks().releaseB();

@@ -14,12 +14,14 @@
 #include "app/start_up.h"
 #include "forms/main_form.h"
 #include "forms/main_menu.h"
+#include "forms/settings_form.h"
 #include "library/folder_browser.h"
 #include "library/recent_scan.h"
 #include "library/song_list.h"
 #include "platform/machine.h"
 #include "player/player.h"
 #include "player/recording_link.h"
+#include "settings/settings_window.h"
 #include "settings/stored_settings.h"
 
 namespace nerolith::app {
@@ -45,6 +47,7 @@ class Program {
 
   forms::MainForm& mainForm() { return form_; }
   forms::EditorForm& editorForm() { return editor_.form(); }
+  forms::SettingsForm& settingsForm() { return settingsForm_; }
   library::SongList& songs() { return songs_; }
   player::Player& player() { return player_; }
 
@@ -70,6 +73,8 @@ class Program {
   PlaylistWork playlists_;
   NoNotificationIcon icon_;
   ListWork listWork_;
+  forms::SettingsForm settingsForm_;
+  settings::SettingsWindow settingsWindow_;
   MainWindow mainWindow_;
   StartUp startUp_;
   ShutDown shutDown_;

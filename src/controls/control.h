@@ -39,7 +39,10 @@ class Control {
   base::Signal<> changed;
   base::Signal<> focusRequested;
 
+  /// The user moved the keyboard here from another control of the window. Not raised when it comes
+  /// back with the whole window.
   base::Signal<> gotFocus;
+  /// The keyboard went to another control or to another window; a menu is neither.
   base::Signal<> lostFocus;
   base::Signal<> mouseMoved;
   base::Signal<MouseButton> mouseDown;

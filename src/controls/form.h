@@ -32,6 +32,16 @@ class Form : public Control {
   const Box& layout() const { return layout_; }
   void setLayout(Box layout) { layout_ = std::move(layout); }
 
+  /// One that cannot be resized is as large as its layout wants. Like the owner, settled before
+  /// the form is first shown.
+  bool resizable() const { return resizable_; }
+  void setResizable(bool resizable) { resizable_ = resizable; }
+
+  /// The window that this one belongs to: it opens over the owner's middle and stays in front of
+  /// it. The owner outlives it; none: a window of its own.
+  const Form* owner() const { return owner_; }
+  void setOwner(const Form& owner) { owner_ = &owner; }
+
   /// Controls that float over the layout while they are visible, below their anchor.
   const std::vector<Overlay>& overlays() const { return overlays_; }
   void addOverlay(Overlay overlay) { overlays_.push_back(overlay); }
@@ -81,6 +91,8 @@ class Form : public Control {
   Box layout_;
   std::vector<Overlay> overlays_;
   std::vector<Timer*> timers_;
+  const Form* owner_ = nullptr;
+  bool resizable_ = true;
 };
 
 }  // namespace nerolith::controls

@@ -22,6 +22,7 @@ enum class Look {
   Title,       // the product's name in the caption strip
   CaptionKey,  // a small button of the caption strip (hide, close)
   Glass,       // panel: dark glass of the display
+  Group,       // panel: a plate for controls that belong together
   Well,        // panel: a recess in the faceplate; a text box in one is shown, not edited
   Digital,     // the large time
   Song,        // the name of the song that plays

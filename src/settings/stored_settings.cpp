@@ -1,26 +1,15 @@
 #include "settings/stored_settings.h"
 
-#include <algorithm>
 #include <cmath>
-#include <limits>
 
 #include "base/failure_policy.h"
 #include "base/lenient_number.h"
-#include "base/rounding.h"
+#include "settings/setting_numbers.h"
 
 namespace nerolith::settings {
 namespace {
 
 constexpr float kFirstRunColour = 2;
-
-float toSingle(const std::string& text) {
-  constexpr double kLargest = std::numeric_limits<float>::max();
-  return static_cast<float>(std::clamp(base::leadingNumber(text), -kLargest, kLargest));
-}
-
-std::int16_t toInteger(const std::string& text) {
-  return base::toInt16Clamped(base::leadingNumber(text));
-}
 
 base::Flag16 toFlag(const std::string& text) { return base::toFlag(base::toBoolean(text)); }
 
@@ -48,7 +37,7 @@ void StoredSettings::write(const SettingsKey& key, const std::string& text) {
 }
 
 bool StoredSettings::readColour() {
-  live_.colour = toSingle(read(kColour));
+  live_.colour = singleOf(read(kColour));
   const bool absent = live_.colour == -1;
   if (absent) live_.colour = kFirstRunColour;
   return absent;
@@ -60,8 +49,8 @@ void StoredSettings::readTimeInvertedAndLoop() {
 }
 
 void StoredSettings::readMix() {
-  live_.mixLead = toSingle(read(kMixLead));
-  live_.fadeLength = toSingle(read(kFadeLength));
+  live_.mixLead = singleOf(read(kMixLead));
+  live_.fadeLength = singleOf(read(kFadeLength));
 }
 
 void StoredSettings::readKeyTexts() {
@@ -69,8 +58,8 @@ void StoredSettings::readKeyTexts() {
 }
 
 void StoredSettings::readRecentRule() {
-  live_.recentAfter = toInteger(read(kRecentAfter));
-  live_.recentDays = toInteger(read(kRecentDays));
+  live_.recentAfter = integer16Of(read(kRecentAfter));
+  live_.recentDays = integer16Of(read(kRecentDays));
   live_.recentRule = toFlag(read(kRecentRule));
 }
 

@@ -24,10 +24,12 @@ std::optional<controls::MouseButton> buttonOf(const QEvent* event) {
   }
 }
 
-/// Focus that comes and goes with a menu or with the whole window is no move of the user's.
-bool movedByUser(const QEvent* event) {
-  const auto reason = static_cast<const QFocusEvent*>(event)->reason();
-  return reason != Qt::PopupFocusReason && reason != Qt::ActiveWindowFocusReason;
+bool byMenu(const QEvent* event) {
+  return static_cast<const QFocusEvent*>(event)->reason() == Qt::PopupFocusReason;
+}
+
+bool byWindow(const QEvent* event) {
+  return static_cast<const QFocusEvent*>(event)->reason() == Qt::ActiveWindowFocusReason;
 }
 
 }  // namespace
@@ -94,10 +96,10 @@ bool ControlBinding::eventFilter(QObject* watched, QEvent* event) {
         control_.mouseMoved.raise();
         break;
       case QEvent::FocusIn:
-        if (watched == &widget_ && movedByUser(event)) control_.gotFocus.raise();
+        if (watched == &widget_ && !byMenu(event) && !byWindow(event)) control_.gotFocus.raise();
         break;
       case QEvent::FocusOut:
-        if (watched == &widget_ && movedByUser(event)) control_.lostFocus.raise();
+        if (watched == &widget_ && !byMenu(event)) control_.lostFocus.raise();
         break;
       default:
         break;

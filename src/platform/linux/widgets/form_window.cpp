@@ -5,9 +5,11 @@
 #include <QCursor>
 #include <QFrame>
 #include <QKeyEvent>
+#include <QLayout>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QTimer>
+#include <QWindow>
 #include <algorithm>
 #include <utility>
 
@@ -31,7 +33,10 @@ bool isUnderMouse(const QObject* watched, const QEvent* event) {
 
 }  // namespace
 
-FormWindow::FormWindow(controls::Form& form) : form_(form) {
+FormWindow::FormWindow(controls::Form& form, const QWidget* owner) : form_(form), owner_(owner) {
+  if (owner_)
+    setWindowFlags(Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint |
+                   Qt::WindowCloseButtonHint);
   setAttribute(Qt::WA_OpaquePaintEvent);
   setMouseTracking(true);
   build();
@@ -49,7 +54,10 @@ void FormWindow::build() {
   new FileDrop(*this, form_);
   watch(*this);
   for (QWidget* child : findChildren<QWidget*>()) watch(*child);
-  resize(sizeHint());
+  if (form_.resizable())
+    resize(sizeHint());
+  else
+    layout()->setSizeConstraint(QLayout::SetFixedSize);
 }
 
 void FormWindow::watch(QWidget& widget) {
@@ -61,6 +69,8 @@ void FormWindow::subscribe() {
   subscriptions_.push_back(form_.changed.subscribe([this] { quietly([this] { followForm(); }); }));
   subscriptions_.push_back(
       form_.forwardRequested.subscribe([this] { quietly([this] { bringForward(); }); }));
+  subscriptions_.push_back(
+      form_.minimiseRequested.subscribe([this] { quietly([this] { showMinimized(); }); }));
   subscriptions_.push_back(form_.popUpRequested.subscribe(
       [this](const controls::MenuItem& menu) { quietly([&] { popUp(menu); }); }));
   subscriptions_.push_back(
@@ -72,7 +82,17 @@ void FormWindow::followForm() {
   setEnabled(form_.enabled());
   if (picture_.constBits() != reinterpret_cast<const uchar*>(form_.picture().pixels.data()))
     takePicture();
-  if (isVisible() != form_.visible()) setVisible(form_.visible());
+  if (isVisible() != form_.visible()) show(form_.visible());
+}
+
+void FormWindow::show(bool visible) {
+  if (visible && owner_) {
+    winId();  // makes the system's window, which alone can belong to another
+    windowHandle()->setTransientParent(owner_->windowHandle());
+    const QPoint middle = owner_->frameGeometry().center();
+    move(middle - QPoint(sizeHint().width() / 2, sizeHint().height() / 2));
+  }
+  setVisible(visible);
 }
 
 void FormWindow::takePicture() {

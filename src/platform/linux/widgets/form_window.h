@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QImage>
+#include <QPointer>
 #include <QWidget>
 #include <vector>
 
@@ -13,9 +14,10 @@ namespace nerolith::widgets {
 /// form: shown, hidden, brought forward, entitled, and painted with its picture or the theme's
 /// panel. The form hears of keys before the focused control does, of the mouse moving over the
 /// window (except over the controls that an overlay belongs to), of activation and of closing.
+/// With an owner, it opens over the owner's middle and stays in front of it.
 class FormWindow : public QWidget {
  public:
-  explicit FormWindow(controls::Form& form);
+  explicit FormWindow(controls::Form& form, const QWidget* owner = nullptr);
 
   bool eventFilter(QObject* watched, QEvent* event) override;
 
@@ -36,6 +38,7 @@ class FormWindow : public QWidget {
   void watch(QWidget& widget);
   void subscribe();
   void followForm();
+  void show(bool visible);
   void takePicture();
   void bringForward();
   QPoint placeOfFocus() const;
@@ -47,6 +50,7 @@ class FormWindow : public QWidget {
   bool ownsOverlay(const QObject* watched) const;
 
   controls::Form& form_;
+  QPointer<const QWidget> owner_;
   std::vector<Floating> floating_;
   std::vector<base::Subscription> subscriptions_;
   QImage picture_;  // looks at the form's pixels

@@ -3,9 +3,8 @@
 #include <QBoxLayout>
 #include <QLabel>
 #include <QPainter>
-#include <QPushButton>
-#include <algorithm>
 
+#include "platform/linux/widgets/plain_buttons.h"
 #include "platform/linux/widgets/theme.h"
 
 namespace nerolith::widgets {
@@ -46,32 +45,6 @@ class Sign : public QWidget {
 
  private:
   MessageIcon kind_;
-};
-
-class MessageKey : public QPushButton {
- public:
-  MessageKey(const QString& caption, QWidget* parent) : QPushButton(caption, parent) {
-    setFont(theme::fontFor(controls::Look::Plain));
-    setAttribute(Qt::WA_Hover);
-  }
-  QSize sizeHint() const override {
-    return {std::max(92, fontMetrics().horizontalAdvance(text()) + 36), 32};
-  }
-  QSize minimumSizeHint() const override { return sizeHint(); }
-
- protected:
-  void paintEvent(QPaintEvent*) override {
-    QPainter painter(this);
-    const theme::KeyState state = isDown()       ? theme::KeyState::Pressed
-                                  : underMouse() ? theme::KeyState::Hovered
-                                                 : theme::KeyState::Idle;
-    theme::paintKey(painter, rect(), state, isDefault() ? theme::kAccent : QColor());
-    painter.setPen(theme::kInk);
-    painter.setFont(font());
-    painter.drawText(rect().translated(0, isDown() ? 1 : 0), Qt::AlignCenter | Qt::TextShowMnemonic,
-                     text());
-    if (hasFocus()) theme::paintFocus(painter, rect());
-  }
 };
 
 QLabel* textOf(const platform::Message& message, QWidget* parent) {
@@ -120,7 +93,7 @@ MessageDialog::MessageDialog(const platform::Message& message, QWidget* parent)
 }
 
 QAbstractButton* MessageDialog::addButton(const QString& caption, Answer answer, bool preset) {
-  auto* button = new MessageKey(caption, this);
+  auto* button = new PlainKey(caption, this);
   button->setAutoDefault(true);
   button->setDefault(preset);
   if (preset) button->setFocus();

@@ -10,6 +10,7 @@ namespace nerolith::widgets {
 void Panel::paintEvent(QPaintEvent* event) {
   if (look_ == controls::Look::Plain) return;
   QPainter painter(this);
+  if (look_ == controls::Look::Group) return theme::paintPlate(painter, rect());
   const bool glass = look_ == controls::Look::Glass;
   const QColor top = glass ? theme::kGlass : theme::kWell;
   const QColor bottom = glass ? theme::kGlassBottom : theme::kWell;

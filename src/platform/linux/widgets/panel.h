@@ -7,7 +7,7 @@
 
 namespace nerolith::widgets {
 
-/// Dark glass, a recess, or nothing but a fixed size around what lies in it.
+/// Dark glass, a recess, a plate, or nothing but a fixed size around what lies in it.
 class Panel : public QWidget {
  public:
   Panel(controls::Look look, QWidget* parent) : QWidget(parent), look_(look) {}

@@ -8,10 +8,19 @@
 namespace nerolith::widgets {
 namespace {
 
+QPalette raisedPalette() {
+  constexpr QColor kRaised(0x2b, 0x31, 0x38);
+  QPalette palette = theme::palette();
+  palette.setColor(QPalette::Window, kRaised);
+  palette.setColor(QPalette::Base, kRaised);
+  return palette;
+}
+
 // An item acts once the menu's own event is over: it may let waiting events run, and those delete
 // the closed menu.
 void fill(QMenu& menu, const controls::MenuItem& items, const QObject& window) {
   menu.setFont(theme::fontFor(controls::Look::Plain));
+  menu.setPalette(raisedPalette());
   for (controls::MenuItem* item : items.items()) {
     const QString caption = QString::fromStdString(item->caption());
     if (item->separator()) {
@@ -36,10 +45,6 @@ void fill(QMenu& menu, const controls::MenuItem& items, const QObject& window) {
 
 QMenu* makePopUpMenu(const controls::MenuItem& menu, QWidget* parent) {
   auto* popUp = new QMenu(parent);
-  QPalette raised = theme::palette();
-  raised.setColor(QPalette::Window, QColor(0x2b, 0x31, 0x38));
-  raised.setColor(QPalette::Base, QColor(0x2b, 0x31, 0x38));
-  popUp->setPalette(raised);
   popUp->setAttribute(Qt::WA_DeleteOnClose);
   fill(*popUp, menu, *parent);
   return popUp;

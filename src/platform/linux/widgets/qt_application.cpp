@@ -13,7 +13,6 @@ QtApplication::Beforehand::Beforehand() {
   QGuiApplication::setHighDpiScaleFactorRoundingPolicy(
       Qt::HighDpiScaleFactorRoundingPolicy::PassThrough);
   QCoreApplication::setApplicationName(QStringLiteral("velmarion"));
-  QGuiApplication::setApplicationDisplayName(QStringLiteral("Nerolith"));
   QGuiApplication::setDesktopFileName(QStringLiteral("velmarion"));
 }
 

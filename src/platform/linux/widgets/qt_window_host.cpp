@@ -7,7 +7,7 @@
 namespace nerolith::widgets {
 
 struct QtWindowHost::Hosted {
-  explicit Hosted(controls::Form& form) : form(form) {
+  Hosted(const QtWindowHost& host, controls::Form& form) : host(host), form(form) {
     for (controls::Timer* timer : form.timers())
       timers.push_back(std::make_unique<FormTimer>(*timer));
     subscription = form.changed.subscribe([this] { quietly([this] { showAtLast(); }); });
@@ -15,9 +15,12 @@ struct QtWindowHost::Hosted {
   }
 
   void showAtLast() {
-    if (!window && form.visible()) window = std::make_unique<FormWindow>(form);
+    if (window || !form.visible()) return;
+    const FormWindow* owner = form.owner() ? host.windowOf(*form.owner()) : nullptr;
+    window = std::make_unique<FormWindow>(form, owner);
   }
 
+  const QtWindowHost& host;
   controls::Form& form;
   std::unique_ptr<FormWindow> window;
   std::vector<std::unique_ptr<FormTimer>> timers;
@@ -27,7 +30,9 @@ struct QtWindowHost::Hosted {
 QtWindowHost::QtWindowHost() = default;
 QtWindowHost::~QtWindowHost() = default;
 
-void QtWindowHost::add(controls::Form& form) { forms_[&form] = std::make_unique<Hosted>(form); }
+void QtWindowHost::add(controls::Form& form) {
+  forms_[&form] = std::make_unique<Hosted>(*this, form);
+}
 
 void QtWindowHost::remove(controls::Form& form) { forms_.erase(&form); }
 

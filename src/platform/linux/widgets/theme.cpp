@@ -112,6 +112,15 @@ void paintRecess(QPainter& painter, const QRectF& area, const QColor& top, const
   painter.restore();
 }
 
+void paintPlate(QPainter& painter, const QRectF& area) {
+  painter.save();
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.setBrush(QColor(0, 0, 0, 46));
+  painter.setPen(QPen(QColor(255, 255, 255, 20), 1));
+  painter.drawRoundedRect(area.adjusted(0.5, 0.5, -0.5, -0.5), kRound, kRound);
+  painter.restore();
+}
+
 void paintKey(QPainter& painter, const QRectF& area, KeyState state, const QColor& tint) {
   painter.save();
   painter.setRenderHint(QPainter::Antialiasing);

@@ -52,6 +52,9 @@ void paintPanel(QPainter& painter, const QRectF& area, qreal height);
 /// A recess in the faceplate with a shadow at its upper rim.
 void paintRecess(QPainter& painter, const QRectF& area, const QColor& top, const QColor& bottom);
 
+/// A plate that holds controls together: a shade darker than the panel, with a fine edge.
+void paintPlate(QPainter& painter, const QRectF& area);
+
 /// What of a recess is nothing but its fill, and that fill: all there is to paint of a piece of it.
 QRectF insideRecess(const QRectF& area);
 QLinearGradient recessFill(const QRectF& area, const QColor& top, const QColor& bottom);

@@ -106,10 +106,11 @@ void ControlView::left() {
   repaint();
 }
 
-// Focus that comes and goes with the whole window is no move of the user's.
+// Focus that comes back with the whole window is no move of the user's.
 void ControlView::focusMoved(bool here, HWND other) {
   repaint();
-  if (!other || GetAncestor(other, GA_ROOT) != GetAncestor(handle(), GA_ROOT)) return;
+  const bool within = other && GetAncestor(other, GA_ROOT) == GetAncestor(handle(), GA_ROOT);
+  if (here && !within) return;
   quietly([&] { (here ? control_.gotFocus : control_.lostFocus).raise(); });
 }
 

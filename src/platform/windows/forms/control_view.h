@@ -40,6 +40,8 @@ class ControlView : public Window {
   virtual void themeChanged() {}
   /// What the form hears about this window: commands, notifications, drawing.
   virtual std::optional<LRESULT> onParentMessage(UINT message, WPARAM first, LPARAM second);
+  /// The keyboard came by the tab key.
+  virtual void tabbedTo() {}
   /// The access key was pressed.
   virtual void accessKeyPressed() {}
   virtual wchar_t accessKey() const { return 0; }

@@ -52,16 +52,20 @@ bool FormWindow::navigated(const MSG& message) {
 }
 
 void FormWindow::moveFocus(bool backwards) {
-  std::vector<HWND> stops;
+  std::vector<ControlView*> stops;
   for (const auto& view : layout_->views())
-    if (view->takesFocus()) stops.push_back(view->handle());
+    if (view->takesFocus()) stops.push_back(view.get());
   if (stops.empty()) return;
   const auto count = static_cast<int>(stops.size());
-  const auto found = std::find(stops.begin(), stops.end(), GetFocus());
+  const auto found = std::find_if(stops.begin(), stops.end(), [](const ControlView* view) {
+    return view->handle() == GetFocus();
+  });
   int next = backwards ? count - 1 : 0;
   if (found != stops.end())
     next = (static_cast<int>(found - stops.begin()) + (backwards ? count - 1 : 1)) % count;
-  SetFocus(stops[static_cast<std::size_t>(next)]);
+  ControlView& view = *stops[static_cast<std::size_t>(next)];
+  SetFocus(view.handle());
+  view.tabbedTo();
 }
 
 bool FormWindow::accessKeyTyped(wchar_t sign) {

@@ -185,11 +185,12 @@ void FormLayout::paintPanels(Canvas& canvas, const Theme& theme) const {
 }
 
 void FormLayout::paintNode(const Node& node, Canvas& canvas, const Theme& theme) const {
-  if (node.view && node.view->shown()) node.view->paintOnPanel(canvas, toArea(node.area));
   if (!node.view && node.box->look == Look::Glass)
     theme.paintRecess(canvas, toArea(node.area), ink::kGlass, ink::kGlassBottom);
+  if (!node.view && node.box->look == Look::Group) theme.paintPlate(canvas, toArea(node.area));
   if (!node.view && node.box->look == Look::Well)
     theme.paintRecess(canvas, toArea(node.area), ink::kWell, ink::kWell);
+  if (node.view && node.view->shown()) node.view->paintOnPanel(canvas, toArea(node.area));
   for (const Node& child : node.children) paintNode(child, canvas, theme);
 }
 

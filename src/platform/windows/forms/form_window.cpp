@@ -18,10 +18,14 @@ constexpr UINT kFilesDropped = WM_APP + 2;
 constexpr int kOverlayMargin = 14;
 constexpr int kLowestOverlay = 60;
 
+DWORD styleOf(const controls::Form& form) {
+  return form.resizable() ? WS_OVERLAPPEDWINDOW : WS_OVERLAPPED | WS_CAPTION | WS_SYSMENU;
+}
+
 }  // namespace
 
-FormWindow::FormWindow(controls::Form& form) : form_(form) {
-  create({plainClass(), WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN});
+FormWindow::FormWindow(controls::Form& form, HWND owner) : form_(form) {
+  create({plainClass(), styleOf(form) | WS_CLIPCHILDREN, 0, owner});
   theme_ = std::make_unique<Theme>(dpiOf(handle()));
   darkenTitleBar(handle());
   toolTips_ = CreateWindowExW(WS_EX_TOPMOST, TOOLTIPS_CLASSW, nullptr,
@@ -78,6 +82,7 @@ void FormWindow::show(bool visible) {
   if (shown_ == visible) return;
   shown_ = visible;
   if (visible) layOut();
+  if (visible && GetWindow(handle(), GW_OWNER)) moveOverOwner();
   ShowWindow(handle(), visible ? SW_SHOWNORMAL : SW_HIDE);
   if (visible) UpdateWindow(handle());
 }
@@ -95,15 +100,36 @@ SIZE FormWindow::frameSize() const {
   return {whole.right - whole.left - inside.right, whole.bottom - whole.top - inside.bottom};
 }
 
+/// The part of the screen that windows may take, there where the window belongs.
+RECT FormWindow::workArea() const {
+  const HWND owner = GetWindow(handle(), GW_OWNER);
+  MONITORINFO monitor{};
+  monitor.cbSize = sizeof monitor;
+  GetMonitorInfoW(MonitorFromWindow(owner ? owner : handle(), MONITOR_DEFAULTTONEAREST), &monitor);
+  return monitor.rcWork;
+}
+
+void FormWindow::moveOverOwner() {
+  RECT around;
+  RECT place;
+  GetWindowRect(GetWindow(handle(), GW_OWNER), &around);
+  GetWindowRect(handle(), &place);
+  const RECT work = workArea();
+  const LONG width = place.right - place.left;
+  const LONG height = place.bottom - place.top;
+  const LONG left = std::clamp((around.left + around.right - width) / 2, work.left,
+                               std::max(work.left, work.right - width));
+  const LONG top = std::clamp((around.top + around.bottom - height) / 2, work.top,
+                              std::max(work.top, work.bottom - height));
+  SetWindowPos(handle(), nullptr, left, top, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
 /// As large as the layout wants to be, and never larger than the screen.
 void FormWindow::takeSize() {
   SetWindowPos(handle(), nullptr, 0, 0, 400, 300, SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
   const SIZE frame = frameSize();
   const Extent extent = layout_->extent();
-  MONITORINFO monitor{};
-  monitor.cbSize = sizeof monitor;
-  GetMonitorInfoW(MonitorFromWindow(handle(), MONITOR_DEFAULTTONEAREST), &monitor);
-  const RECT& work = monitor.rcWork;
+  const RECT work = workArea();
   const LONG width = std::min(extent.width + frame.cx, work.right - work.left);
   const LONG height = std::min(extent.height + frame.cy, work.bottom - work.top);
   RECT place;

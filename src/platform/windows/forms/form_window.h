@@ -14,10 +14,11 @@ namespace nerolith::windows_forms {
 /// Built with the form's layout when it is made; afterwards follows the form: shown, hidden,
 /// brought forward, entitled, and painted with its picture or the theme's panel. The form hears of
 /// keys before the focused control does, of the mouse moving over the window (except over the
-/// controls that an overlay belongs to), of activation and of closing.
+/// controls that an overlay belongs to), of activation and of closing. With an owner, it opens over
+/// the owner's middle and stays in front of it.
 class FormWindow : public Window, private FormGround {
  public:
-  explicit FormWindow(controls::Form& form);
+  explicit FormWindow(controls::Form& form, HWND owner = nullptr);
   ~FormWindow() override;
 
   /// Shown to it before the message goes to its window; true: the message is done with.
@@ -49,6 +50,8 @@ class FormWindow : public Window, private FormGround {
   void bringForward();
   SIZE frameSize() const;
   void takeSize();
+  RECT workArea() const;
+  void moveOverOwner();
 
   void layOut();
   void placeOverlays();

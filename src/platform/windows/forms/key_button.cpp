@@ -1,5 +1,7 @@
 #include "platform/windows/forms/key_button.h"
 
+#include <algorithm>
+
 #include "platform/windows/forms/quietly.h"
 #include "platform/windows/forms/wide_text.h"
 
@@ -11,8 +13,8 @@ constexpr Ink kDisabledInk{0x74, 0x7d, 0x85};
 
 }  // namespace
 
-KeyButton::KeyButton(FormGround& ground, controls::Control& control)
-    : ControlView(ground, control) {
+KeyButton::KeyButton(FormGround& ground, controls::Control& control, MousePress::Keyboard keyboard)
+    : ControlView(ground, control), press_(keyboard) {
   create({L"BUTTON", WS_CHILD | WS_VISIBLE | WS_CLIPSIBLINGS | WS_TABSTOP | BS_OWNERDRAW, 0,
           ground.window()});
 }
@@ -117,7 +119,7 @@ void CaptionKey::paint(Canvas& canvas) {
 }
 
 PushButton::PushButton(FormGround& ground, controls::CommandButton& button)
-    : KeyButton(ground, button), button_(button) {
+    : KeyButton(ground, button, MousePress::Keyboard::Comes), button_(button) {
   bind();
 }
 
@@ -125,13 +127,21 @@ std::wstring PushButton::caption() const { return wideOf(button_.caption()); }
 
 Extent PushButton::extent() const {
   const SIZE words = theme().measure(controls::Look::Plain, withoutMark(caption()));
-  const int width = static_cast<int>(words.cx) + theme().px(28);
-  return {width, theme().px(28), width, theme().px(28), false, false};
+  const int width = std::max(theme().px(92), static_cast<int>(words.cx) + theme().px(36));
+  return {width, theme().px(32), width, theme().px(32), false, false};
+}
+
+std::optional<LRESULT> PushButton::onOwnMessage(UINT message, WPARAM first, LPARAM second) {
+  if (message == WM_KEYDOWN && first == VK_RETURN) {
+    quietly([this] { clicked(); });
+    return 0;
+  }
+  return KeyButton::onOwnMessage(message, first, second);
 }
 
 void PushButton::paint(Canvas& canvas) {
   theme().paintKey(canvas, canvas.area(), state(), nullptr);
-  theme().drawText(canvas, caption(), {0, 0, canvas.width(), canvas.height()},
+  theme().drawText(canvas, caption(), {0, down() ? 1 : 0, canvas.width(), canvas.height()},
                    theme().font(controls::Look::Plain), enabled() ? ink::kPlain : kDisabledInk,
                    Align::Centre, Shorten::End, true);
   if (focused()) theme().paintFocus(canvas, canvas.area());

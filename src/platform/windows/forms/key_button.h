@@ -15,7 +15,8 @@ class KeyButton : public ControlView {
   void accessKeyPressed() override;
 
  protected:
-  KeyButton(FormGround& ground, controls::Control& control);
+  KeyButton(FormGround& ground, controls::Control& control,
+            MousePress::Keyboard keyboard = MousePress::Keyboard::Stays);
 
   virtual void clicked() = 0;
   /// The caption with the mark of its access key.
@@ -65,7 +66,7 @@ class CaptionKey : public KeyButton {
   controls::Label& label_;
 };
 
-/// A push button without a lamp.
+/// A push button without a lamp, pressed by Enter as well as by the space bar.
 class PushButton : public KeyButton {
  public:
   PushButton(FormGround& ground, controls::CommandButton& button);
@@ -75,6 +76,7 @@ class PushButton : public KeyButton {
   void clicked() override { button_.userClick(); }
   std::wstring caption() const override;
   void paint(Canvas& canvas) override;
+  std::optional<LRESULT> onOwnMessage(UINT message, WPARAM first, LPARAM second) override;
 
  private:
   controls::CommandButton& button_;

@@ -2,6 +2,8 @@
 
 #include <commctrl.h>
 
+#include <algorithm>
+
 #include "platform/windows/forms/quietly.h"
 #include "platform/windows/forms/wide_text.h"
 
@@ -12,6 +14,8 @@ namespace {
 constexpr int kHalo = 4;
 constexpr int kBetween = 7;
 constexpr Ink kOff{0x80, 0x80, 0x80};
+constexpr int kTickSize = 16;
+constexpr int kTickRoom = kTickSize + 8;
 
 }  // namespace
 
@@ -35,8 +39,9 @@ std::optional<LRESULT> LampView::onOwnMessage(UINT message, WPARAM first, LPARAM
   return repaint(), DefWindowProcW(handle(), message, first, second);
 }
 
-SwitchView::SwitchView(FormGround& ground, controls::Control& control, DWORD style)
-    : ControlView(ground, control) {
+SwitchView::SwitchView(FormGround& ground, controls::Control& control, DWORD style,
+                       MousePress::Keyboard keyboard)
+    : ControlView(ground, control), press_(keyboard) {
   create({L"BUTTON", WS_CHILD | WS_VISIBLE | WS_CLIPSIBLINGS | WS_TABSTOP | style, 0,
           ground.window()});
 }
@@ -117,7 +122,7 @@ std::optional<LRESULT> SwitchView::onOwnMessage(UINT message, WPARAM first, LPAR
 }
 
 LampSwitchView::LampSwitchView(FormGround& ground, const controls::LampSwitch& parts)
-    : SwitchView(ground, *parts.words, BS_CHECKBOX), parts_(parts) {
+    : SwitchView(ground, *parts.words, BS_CHECKBOX, MousePress::Keyboard::Stays), parts_(parts) {
   follow(*parts_.lamp);
   bind();
 }
@@ -127,7 +132,7 @@ std::wstring LampSwitchView::caption() const { return wideOf(parts_.words->capti
 Ink LampSwitchView::wordInk() const { return ink::kOnGlass; }
 
 OptionButtonView::OptionButtonView(FormGround& ground, controls::OptionButton& button)
-    : SwitchView(ground, button, BS_RADIOBUTTON), button_(button) {
+    : SwitchView(ground, button, BS_RADIOBUTTON, MousePress::Keyboard::Comes), button_(button) {
   bind();
 }
 
@@ -135,13 +140,38 @@ std::wstring OptionButtonView::caption() const { return wideOf(button_.caption()
 Ink OptionButtonView::lamp() const { return button_.value() ? ink::kAccent : kOff; }
 
 CheckBoxView::CheckBoxView(FormGround& ground, controls::CheckBox& box)
-    : SwitchView(ground, box, BS_CHECKBOX), box_(box) {
+    : SwitchView(ground, box, BS_CHECKBOX, MousePress::Keyboard::Comes), box_(box) {
   bind();
 }
 
 std::wstring CheckBoxView::caption() const { return wideOf(box_.caption()); }
 Ink CheckBoxView::lamp() const {
   return box_.value() == 1 ? ink::kAccent : box_.value() == 2 ? ink::kAmber : kOff;
+}
+
+Extent CheckBoxView::extent() const {
+  const SIZE words = theme().measure(controls::Look::LampText, withoutMark(caption()));
+  const int width = theme().px(kTickRoom) + static_cast<int>(words.cx) + theme().px(4);
+  const int height = std::max(theme().px(kTickSize), static_cast<int>(words.cy)) + theme().px(8);
+  return {width, height, width, height, false, false};
+}
+
+void CheckBoxView::paint(Canvas& canvas) {
+  const double size = theme().exact(kTickSize);
+  const double top = (canvas.height() - size) / 2;
+  const Area box{0, top, size, top + size};
+  theme().paintRecess(canvas, box, ink::kWell, ink::kWell);
+  if (box_.value() == 1)
+    theme().paintTick(canvas, box, ink::kPlaying);
+  else if (box_.value() == 2)
+    theme().paintDash(canvas, box, ink::kAmber);
+  theme().drawText(canvas, caption(), {theme().px(kTickRoom), 0, canvas.width(), canvas.height()},
+                   theme().font(controls::Look::LampText),
+                   !enabled()  ? ink::kFaint
+                   : hovered() ? ink::kOnSelection
+                               : wordInk(),
+                   Align::Left, Shorten::End, true);
+  if (focused()) theme().paintFocus(canvas, box);
 }
 
 }  // namespace nerolith::windows_forms

@@ -33,7 +33,8 @@ class SwitchView : public ControlView {
 
  protected:
   /// `style` is BS_CHECKBOX or BS_RADIOBUTTON.
-  SwitchView(FormGround& ground, controls::Control& control, DWORD style);
+  SwitchView(FormGround& ground, controls::Control& control, DWORD style,
+             MousePress::Keyboard keyboard);
 
   virtual void clicked() = 0;
   virtual std::wstring caption() const = 0;
@@ -77,11 +78,14 @@ class OptionButtonView : public SwitchView {
   controls::OptionButton& button_;
 };
 
+/// A small recess with a tick in it, and its words.
 class CheckBoxView : public SwitchView {
  public:
   CheckBoxView(FormGround& ground, controls::CheckBox& box);
+  Extent extent() const override;
 
  protected:
+  void paint(Canvas& canvas) override;
   void clicked() override { box_.userClick(); }
   std::wstring caption() const override;
   Ink lamp() const override;

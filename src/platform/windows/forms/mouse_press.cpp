@@ -18,6 +18,7 @@ MousePress::Told MousePress::hear(HWND button, UINT message, LPARAM where) {
     case WM_LBUTTONDOWN:
     case WM_LBUTTONDBLCLK:  // the second press of a quick pair is a press as well
       held_ = true;
+      if (keyboard_ == Keyboard::Comes) SetFocus(button);
       SetCapture(button);
       SendMessageW(button, BM_SETSTATE, TRUE, 0);
       return Told::Handled;

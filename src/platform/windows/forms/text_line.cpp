@@ -56,6 +56,9 @@ void TextLine::refresh() {
 
 Ink TextLine::ground() const { return box_.backColour() ? inkOf(*box_.backColour()) : ink::kWell; }
 
+/// What is typed next takes the place of what stands there.
+void TextLine::tabbedTo() { SendMessageW(handle(), EM_SETSEL, 0, -1); }
+
 std::wstring TextLine::shownText() const { return wideOf(box_.text()); }
 
 void TextLine::paint(Canvas& canvas) {
@@ -85,6 +88,8 @@ std::optional<LRESULT> TextLine::onOwnMessage(UINT message, WPARAM first, LPARAM
   switch (message) {
     case WM_CHAR:
       quietly([&] { box_.keyPress.raise(static_cast<int>(first)); });
+      // The class has no use for these in one line, and sounds an alarm.
+      if (first == VK_RETURN || first == VK_ESCAPE || first == VK_TAB) return 0;
       return handle() ? passOn(message, first, second) : 0;
     case WM_SETFOCUS:
     case WM_KILLFOCUS:

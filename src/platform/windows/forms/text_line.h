@@ -16,6 +16,7 @@ class TextLine : public ControlView {
   void place(const RECT& area) override;
   void paintOnPanel(Canvas& canvas, const Area& area) const override;
   void themeChanged() override;
+  void tabbedTo() override;
   std::optional<LRESULT> onParentMessage(UINT message, WPARAM first, LPARAM second) override;
 
  protected:

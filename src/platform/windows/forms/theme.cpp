@@ -215,6 +215,27 @@ void Theme::paintLamp(Canvas& canvas, const Point& centre, double size, const In
                             {1, lit ? scaled(colour, 1 / 1.5) : scaled(off, 1 / 1.9)}}));
 }
 
+void Theme::paintPlate(Canvas& canvas, const Area& area) const {
+  canvas.fill(Shape().roundedRect(area, exact(kRound)), ink::kBlack.faded(46 / 255.0F));
+  canvas.fill(Shape().ring(area, exact(kRound), std::max(1.0, exact(1))),
+              ink::kWhite.faded(20 / 255.0F));
+}
+
+void Theme::paintTick(Canvas& canvas, const Area& box, const Ink& colour) const {
+  const auto at = [&box](double x, double y) {
+    return Point{box.left + x * box.width(), box.top + y * box.height()};
+  };
+  canvas.fill(Shape().stroke({at(0.24, 0.52), at(0.43, 0.70), at(0.77, 0.28)}, exact(2.2)), colour);
+}
+
+void Theme::paintDash(Canvas& canvas, const Area& box, const Ink& colour) const {
+  const double middle = box.centre().y;
+  canvas.fill(Shape().stroke({{box.left + 0.28 * box.width(), middle},
+                              {box.left + 0.72 * box.width(), middle}},
+                             exact(2.2)),
+              colour);
+}
+
 void Theme::paintFocus(Canvas& canvas, const Area& area, const Ink& colour) const {
   canvas.fill(Shape().ring(area.inset(exact(0.25)), exact(kRound - 0.5), exact(1.5)), colour);
 }

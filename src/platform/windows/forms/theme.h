@@ -79,6 +79,11 @@ class Theme {
   void paintKey(Canvas& canvas, const Area& area, KeyState state, const Ink* tint) const;
   /// `size` at 96 dots per inch; a lit lamp throws a soft light.
   void paintLamp(Canvas& canvas, const Point& centre, double size, const Ink& colour) const;
+  /// A plate that holds controls together: a shade darker than the panel, with a fine edge.
+  void paintPlate(Canvas& canvas, const Area& area) const;
+  /// A tick, or the dash of what is neither on nor off, in the room of a check box.
+  void paintTick(Canvas& canvas, const Area& box, const Ink& colour) const;
+  void paintDash(Canvas& canvas, const Area& box, const Ink& colour) const;
   /// The ring around what has the keyboard.
   void paintFocus(Canvas& canvas, const Area& area, const Ink& colour = ink::kFocus) const;
 

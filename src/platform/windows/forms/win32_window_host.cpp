@@ -11,7 +11,7 @@
 namespace nerolith::windows_forms {
 
 struct Win32WindowHost::Hosted {
-  explicit Hosted(controls::Form& form) : form(form) {
+  Hosted(const Win32WindowHost& host, controls::Form& form) : host(host), form(form) {
     for (controls::Timer* timer : form.timers())
       timers.push_back(std::make_unique<FormTimer>(*timer));
     subscription = form.changed.subscribe([this] { quietly([this] { showAtLast(); }); });
@@ -19,9 +19,12 @@ struct Win32WindowHost::Hosted {
   }
 
   void showAtLast() {
-    if (!window && form.visible()) window = std::make_unique<FormWindow>(form);
+    if (window || !form.visible()) return;
+    const FormWindow* owner = form.owner() ? host.windowOf(*form.owner()) : nullptr;
+    window = std::make_unique<FormWindow>(form, owner ? owner->handle() : nullptr);
   }
 
+  const Win32WindowHost& host;
   controls::Form& form;
   std::unique_ptr<FormWindow> window;
   std::vector<std::unique_ptr<FormTimer>> timers;
@@ -37,7 +40,9 @@ Win32WindowHost::Win32WindowHost(Win32EventQueue& events) : events_(events) {
 
 Win32WindowHost::~Win32WindowHost() { events_.setFilter({}); }
 
-void Win32WindowHost::add(controls::Form& form) { forms_[&form] = std::make_unique<Hosted>(form); }
+void Win32WindowHost::add(controls::Form& form) {
+  forms_[&form] = std::make_unique<Hosted>(*this, form);
+}
 
 void Win32WindowHost::remove(controls::Form& form) { forms_.erase(&form); }
 

@@ -28,7 +28,7 @@ class Window {
     const wchar_t* className;
     DWORD style;
     DWORD extended = 0;
-    HWND parent = nullptr;
+    HWND parent = nullptr;  // of a top-level window: its owner
     const wchar_t* text = L"";
   };
   /// Throws base::Failure where the system has no window to give.
