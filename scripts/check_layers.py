@@ -35,6 +35,7 @@ DIRECT_INCLUDES = {
     ("library", "settings/live_settings.h"),
     ("player", "settings/live_settings.h"),
     ("player", "library/song_list.h"),
+    ("recording", "player/recording_link.h"),
     ("playlist", "library/song_list.h"),
     ("playlist", "library/folder_browser.h"),
     ("playlist", "settings/stored_settings.h"),

@@ -9,6 +9,20 @@ library::BrowserControls browserControls(forms::MainForm& form) {
   return {form.form, form.Drive1, form.Dir1, form.File1, form.Command5, form.Label9};
 }
 
+recording::RecordingDoors recordingDoors(const platform::Machine& machine,
+                                         settings::StoredSettings& stored) {
+  return {machine.capture,
+          machine.tone,
+          machine.output,
+          machine.files,
+          machine.dialogs,
+          machine.clock,
+          machine.settings,
+          machine.windows,
+          [&stored] { return stored.readAdjust(); },
+          [&stored](bool adjusting) { stored.writeAdjust(adjusting); }};
+}
+
 template <typename Part>
 Part& chosen(Part* standIn, Part& own) {
   return standIn ? *standIn : own;
@@ -26,6 +40,8 @@ Program::Program(const platform::Machine& machine, const StandIns& standIns)
           [this](const std::string& fallback) { return stored_.readPath(fallback); },
           [this](std::string text) { form_.folderNotice.setCaption(std::move(text)); }),
       recentScan_(songs_, machine.files, machine.clock, live_),
+      playing_(form_, player_, live_),
+      recording_(recordingDoors(machine, stored_), playing_, form_.form),
       player_(form_, songs_, live_, chosen<player::RecordingLink>(standIns_.recording, recording_),
               {machine.graphs, machine.dialogs, machine.events, machine.files.separator(),
                [this] { recentScan_.scanIfDue(); }}),
@@ -40,6 +56,7 @@ Program::Program(const platform::Machine& machine, const StandIns& standIns)
       mainWindow_(form_, menu_, neighbours(), [this] { player_.list1_DblClick(); }),
       startUp_(machine, {form_, live_, stored_, songs_, browser_, player_, neighbours()}),
       shutDown_(stored_, browser_, neighbours()) {
+  record_ = menu_.mnuRecord.click.subscribe([this] { recording_.open(); });
   form_.Command7.setEnabled(menu_.showWhatWorks());
   unload_ = form_.form.unload.subscribe([this] { unload(); });
   takeDroppedFiles();
@@ -70,6 +87,7 @@ Neighbours Program::neighbours() {
 }
 
 Program::~Program() {
+  recording_.end();  // its window belongs to the main one
   machine_.windows.remove(settingsForm_.form);
   machine_.windows.remove(form_.form);
 }
@@ -86,6 +104,7 @@ void Program::unload() {
   editor_.end();
   settingsWindow_.closeIfOpen();
   form_.Timer1.setEnabled(false);
+  recording_.close();
   player_.decks().releaseA();
   player_.decks().releaseB();
   shutDown_.run(startUp_.fileGiven());

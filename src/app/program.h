@@ -9,6 +9,7 @@
 #include "app/list_work.h"
 #include "app/main_window.h"
 #include "app/neighbours.h"
+#include "app/player_for_recording.h"
 #include "app/playlist_work.h"
 #include "app/shut_down.h"
 #include "app/start_up.h"
@@ -21,6 +22,7 @@
 #include "platform/machine.h"
 #include "player/player.h"
 #include "player/recording_link.h"
+#include "recording/recording_section.h"
 #include "settings/settings_window.h"
 #include "settings/stored_settings.h"
 
@@ -50,6 +52,7 @@ class Program {
   forms::SettingsForm& settingsForm() { return settingsForm_; }
   library::SongList& songs() { return songs_; }
   player::Player& player() { return player_; }
+  recording::RecordingSection& recordingSection() { return recording_; }
 
  private:
   void unload();
@@ -67,7 +70,8 @@ class Program {
   library::SongList songs_;
   library::FolderBrowser browser_;
   library::RecentScan recentScan_;
-  player::NoRecording recording_;
+  PlayerForRecording playing_;
+  recording::RecordingSection recording_;
   player::Player player_;
   EditorWork editor_;
   PlaylistWork playlists_;
@@ -80,6 +84,7 @@ class Program {
   ShutDown shutDown_;
   base::Subscription unload_;
   base::Subscription drops_;
+  base::Subscription record_;
   bool ended_ = false;
 };
 

@@ -42,6 +42,10 @@ class Form : public Control {
   const Form* owner() const { return owner_; }
   void setOwner(const Form& owner) { owner_ = &owner; }
 
+  /// Opens at its owner's side instead of over its middle.
+  bool besideOwner() const { return besideOwner_; }
+  void setBesideOwner(bool beside) { besideOwner_ = beside; }
+
   /// Controls that float over the layout while they are visible, below their anchor.
   const std::vector<Overlay>& overlays() const { return overlays_; }
   void addOverlay(Overlay overlay) { overlays_.push_back(overlay); }
@@ -93,6 +97,7 @@ class Form : public Control {
   std::vector<Timer*> timers_;
   const Form* owner_ = nullptr;
   bool resizable_ = true;
+  bool besideOwner_ = false;
 };
 
 }  // namespace nerolith::controls

@@ -12,7 +12,6 @@ using controls::space;
 using controls::words;
 
 constexpr int kKeyHeight = 32;
-constexpr int kWidth = 424;
 
 /// The caption's gap is the place of its box: the words before it, the box, the words behind it.
 Box aroundBox(const controls::Label& caption, controls::TextBox& box) {
@@ -25,9 +24,9 @@ Box aroundBox(const controls::Label& caption, controls::TextBox& box) {
 
 Box key(controls::Label& label) { return leaf(&label, Look::Key).sized(0, kKeyHeight); }
 
+/// The meter's width is the window's, whatever else is shown at the moment.
 Box meter(RecordingForm& f) {
-  return row({leaf(&f.Label5, Look::Lamp),
-              leaf(&f.ProgressBar1, Look::Meter).sized(0, 18).stretched(1)})
+  return row({leaf(&f.Label5, Look::Lamp), leaf(&f.ProgressBar1, Look::Meter).sized(388, 18)})
       .spaced(10, 0);
 }
 
@@ -45,12 +44,11 @@ Box limits(RecordingForm& f) {
 Box information(RecordingForm& f) {
   return column({leaf(&f.Frame1, Look::Tag), key(f.Label2[1]), key(f.Label2[4])})
       .spaced(8, 12)
-      .with(Look::Well);
+      .with(Look::Group);
 }
 
 Box foot(RecordingForm& f) {
-  return row({leaf(&f.outcome), leaf(&f.notice, Look::Notice).stretched(1),
-              leaf(&f.standardCopy, Look::Key).sized(0, 28),
+  return row({leaf(&f.outcome), space(), leaf(&f.standardCopy, Look::Key).sized(0, 28),
               leaf(&f.Label1, Look::Key).sized(92, 28)})
       .spaced(10, 0);
 }
@@ -98,11 +96,10 @@ RecordingForm::RecordingForm() {
   for (controls::TextBox& box : Text1) box.setBackColour(kLimitIdle);
   for (controls::Timer* timer : {&Timer1, &Timer2, &fadeWatch}) form.addTimer(*timer);
   form.setVisible(false);
-  form.setLayout(
-      column({glass(*this), key(Label2[0]), leaf(&chosenFile, Look::Well).sized(0, 28),
-              key(Label2[2]), key(Label2[3]), limits(*this), information(*this), foot(*this)})
-          .spaced(9, 14)
-          .sized(kWidth, 0));
+  form.setLayout(column({glass(*this), key(Label2[0]), leaf(&chosenFile, Look::Well).sized(0, 28),
+                         key(Label2[2]), key(Label2[3]), limits(*this), information(*this),
+                         leaf(&notice, Look::Notice), foot(*this)})
+                     .spaced(9, 14));
 }
 
 }  // namespace nerolith::forms

@@ -62,6 +62,10 @@ class SoundCapture {
   /// One sentence for the user while nothing can be captured though a buffer runs; empty while all
   /// is well. Capturing goes on by itself once it can.
   virtual std::string captureTrouble() const { return {}; }
+
+  /// One line for the user of a machine on which nothing can be captured: where to get what is
+  /// missing.
+  virtual std::string whereToObtain() const { return "(see the system's own help on sound)"; }
 };
 
 }  // namespace nerolith::platform

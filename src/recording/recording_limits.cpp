@@ -43,11 +43,12 @@ bool limitReached(std::string_view megabytes, float fadeLength, std::int32_t fil
   return value * kBytesPerMegabyte - double{fadeLength} * kBytesPerSecond < fileBytes;
 }
 
-std::string fileSizeText(std::int32_t fileBytes) {
+std::string sizeText(std::int32_t fileBytes) {
   const double tenths = std::floor(fileBytes * 10.0 / kBytesPerMegabyte + 0.5);
   const auto whole = static_cast<long long>(tenths);
-  return "Filesize: " + std::to_string(whole / 10) + "." + std::to_string(std::abs(whole % 10)) +
-         " MB";
+  return std::to_string(whole / 10) + "." + std::to_string(std::abs(whole % 10)) + " MB";
 }
+
+std::string fileSizeText(std::int32_t fileBytes) { return "Filesize: " + sizeText(fileBytes); }
 
 }  // namespace nerolith::recording

@@ -25,7 +25,9 @@ std::string megabytesOfMinutes(std::string_view minutes);
 /// once. `fadeLength` is in seconds, `fileBytes` counts the sound.
 bool limitReached(std::string_view megabytes, float fadeLength, std::int32_t fileBytes);
 
-/// "Filesize: 12.3 MB"; halves of a tenth are rounded up.
+/// "12.3 MB"; halves of a tenth are rounded up.
+std::string sizeText(std::int32_t fileBytes);
+/// "Filesize: 12.3 MB".
 std::string fileSizeText(std::int32_t fileBytes);
 
 }  // namespace nerolith::recording

@@ -15,6 +15,10 @@ inline constexpr std::string_view kFileQuestionTitle = "Select Filename to recor
 inline constexpr std::string_view kFileQuestionFilter = "*.wav|*.wav";
 inline constexpr std::string_view kOverwriteQuestion = "File already exists. Overwrite file?";
 
+/// Calibration's key, off and on.
+inline constexpr std::string_view kCalibrate = "Calibrate Sound levels";
+inline constexpr std::string_view kStopCalibrate = "Stop Calibrate";
+
 /// Why there is no recording section; `whereToObtain` is the platform's own line in it.
 std::string noRecorderText(const std::string& whereToObtain);
 

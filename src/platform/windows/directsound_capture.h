@@ -13,6 +13,9 @@ namespace nerolith::windows {
 class DirectSoundCapture : public platform::SoundCapture {
  public:
   std::unique_ptr<platform::CaptureDevice> openDefaultDevice() override;
+  std::string whereToObtain() const override {
+    return "(to be obtained from www.microsoft.com/download, search there for DirectX)";
+  }
 
  private:
   DirectSoundLibrary library_;

@@ -23,6 +23,9 @@ class LazyCapture : public platform::SoundCapture {
   std::string captureTrouble() const override {
     return capture_ ? capture_->captureTrouble() : std::string();
   }
+  std::string whereToObtain() const override {
+    return "(here: PulseAudio or PipeWire, from the packages pulseaudio or pipewire-pulse)";
+  }
 
  private:
   LazySoundEngine& module_;

@@ -8,11 +8,13 @@
 #include <QLayout>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QScreen>
 #include <QTimer>
 #include <QWindow>
 #include <algorithm>
 #include <utility>
 
+#include "controls/side_place.h"
 #include "platform/linux/widgets/file_drop.h"
 #include "platform/linux/widgets/glass_colour.h"
 #include "platform/linux/widgets/key_names.h"
@@ -68,6 +70,8 @@ void FormWindow::watch(QWidget& widget) {
 void FormWindow::subscribe() {
   subscriptions_.push_back(form_.changed.subscribe([this] { quietly([this] { followForm(); }); }));
   subscriptions_.push_back(
+      form_.besideRequested.subscribe([this] { quietly([this] { placeBesideOwner(); }); }));
+  subscriptions_.push_back(
       form_.forwardRequested.subscribe([this] { quietly([this] { bringForward(); }); }));
   subscriptions_.push_back(
       form_.minimiseRequested.subscribe([this] { quietly([this] { showMinimized(); }); }));
@@ -89,10 +93,35 @@ void FormWindow::show(bool visible) {
   if (visible && owner_) {
     winId();  // makes the system's window, which alone can belong to another
     windowHandle()->setTransientParent(owner_->windowHandle());
-    const QPoint middle = owner_->frameGeometry().center();
-    move(middle - QPoint(sizeHint().width() / 2, sizeHint().height() / 2));
+    besidePlace_ = {};
+    if (form_.besideOwner())
+      placeBesideOwner();
+    else
+      moveOverOwner();
   }
   setVisible(visible);
+}
+
+void FormWindow::moveOverOwner() {
+  const QPoint middle = owner_->frameGeometry().center();
+  move(middle - QPoint(sizeHint().width() / 2, sizeHint().height() / 2));
+}
+
+/// Once for each place of the owner: between its moves the user may put this window elsewhere.
+void FormWindow::placeBesideOwner() {
+  if (!owner_ || !owner_->isVisible() || owner_->isMinimized()) return;
+  const QRect owner = owner_->frameGeometry();
+  if (owner == besidePlace_) return;
+  besidePlace_ = owner;
+  // The frame of a window that was not shown yet is not known; it will be one like the owner's.
+  const QSize frame = owner.size() - owner_->geometry().size();
+  const QSize own = (isVisible() ? size() : sizeHint()) + frame;
+  const auto area = [](const QRect& rect) {
+    return controls::DesktopArea{rect.left(), rect.top(), rect.right() + 1, rect.bottom() + 1};
+  };
+  const auto place = controls::placeAtSide(area(owner), own.width(), own.height(),
+                                           area(owner_->screen()->availableGeometry()));
+  move(place.x, place.y);
 }
 
 void FormWindow::takePicture() {

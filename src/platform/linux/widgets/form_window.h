@@ -39,6 +39,8 @@ class FormWindow : public QWidget {
   void subscribe();
   void followForm();
   void show(bool visible);
+  void moveOverOwner();
+  void placeBesideOwner();
   void takePicture();
   void bringForward();
   QPoint placeOfFocus() const;
@@ -51,6 +53,7 @@ class FormWindow : public QWidget {
 
   controls::Form& form_;
   QPointer<const QWidget> owner_;
+  QRect besidePlace_;  // of the owner, when this window was put at its side
   std::vector<Floating> floating_;
   std::vector<base::Subscription> subscriptions_;
   QImage picture_;  // looks at the form's pixels

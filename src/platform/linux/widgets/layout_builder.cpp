@@ -7,6 +7,7 @@
 #include "platform/linux/widgets/drive_combo.h"
 #include "platform/linux/widgets/face_button.h"
 #include "platform/linux/widgets/folder_popup.h"
+#include "platform/linux/widgets/label_key.h"
 #include "platform/linux/widgets/label_view.h"
 #include "platform/linux/widgets/lamp.h"
 #include "platform/linux/widgets/level_bar.h"
@@ -34,6 +35,7 @@ struct Maker {
     if (look == Look::Digital) return new DigitalDisplay(*label, parent);
     if (look == Look::Lamp) return new LampView(*label, parent);
     if (look == Look::CaptionKey) return new CaptionKey(*label, parent);
+    if (look == Look::Key) return makeLabelKey(*label, parent);
     return new LabelView(*label, look, onGlass, parent);
   }
   QWidget* operator()(controls::CommandButton* button) const {

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 
+#include "controls/side_place.h"
 #include "platform/windows/forms/display_dpi.h"
 #include "platform/windows/forms/pop_up_menu.h"
 #include "platform/windows/forms/quietly.h"
@@ -53,6 +54,8 @@ void FormWindow::build() {
 void FormWindow::subscribe() {
   subscriptions_.push_back(form_.changed.subscribe([this] { quietly([this] { followForm(); }); }));
   subscriptions_.push_back(
+      form_.besideRequested.subscribe([this] { quietly([this] { placeBesideOwner(); }); }));
+  subscriptions_.push_back(
       form_.forwardRequested.subscribe([this] { quietly([this] { bringForward(); }); }));
   subscriptions_.push_back(
       form_.focusRequested.subscribe([this] { quietly([this] { bringForward(); }); }));
@@ -82,7 +85,9 @@ void FormWindow::show(bool visible) {
   if (shown_ == visible) return;
   shown_ = visible;
   if (visible) layOut();
-  if (visible && GetWindow(handle(), GW_OWNER)) moveOverOwner();
+  besidePlace_ = {};
+  if (visible && form_.besideOwner()) placeBesideOwner();
+  if (visible && !form_.besideOwner() && GetWindow(handle(), GW_OWNER)) moveOverOwner();
   ShowWindow(handle(), visible ? SW_SHOWNORMAL : SW_HIDE);
   if (visible) UpdateWindow(handle());
 }
@@ -122,6 +127,26 @@ void FormWindow::moveOverOwner() {
   const LONG top = std::clamp((around.top + around.bottom - height) / 2, work.top,
                               std::max(work.top, work.bottom - height));
   SetWindowPos(handle(), nullptr, left, top, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+/// Once for each place of the owner: between its moves the user may put this window elsewhere.
+void FormWindow::placeBesideOwner() {
+  const HWND owner = GetWindow(handle(), GW_OWNER);
+  RECT around;
+  RECT place;
+  if (!owner || !shown_ || IsIconic(owner) || !GetWindowRect(owner, &around)) return;
+  if (EqualRect(&around, &besidePlace_)) return;
+  besidePlace_ = around;
+  GetWindowRect(handle(), &place);
+  const auto area = [](const RECT& rect) {
+    return controls::DesktopArea{static_cast<int>(rect.left), static_cast<int>(rect.top),
+                                 static_cast<int>(rect.right), static_cast<int>(rect.bottom)};
+  };
+  const auto corner =
+      controls::placeAtSide(area(around), static_cast<int>(place.right - place.left),
+                            static_cast<int>(place.bottom - place.top), area(workArea()));
+  SetWindowPos(handle(), nullptr, corner.x, corner.y, 0, 0,
+               SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
 /// As large as the layout wants to be, and never larger than the screen.

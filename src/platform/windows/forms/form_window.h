@@ -52,6 +52,7 @@ class FormWindow : public Window, private FormGround {
   void takeSize();
   RECT workArea() const;
   void moveOverOwner();
+  void placeBesideOwner();
 
   void layOut();
   void placeOverlays();
@@ -87,6 +88,7 @@ class FormWindow : public Window, private FormGround {
   bool layoutWaits_ = false;
   bool lastInputWasKey_ = false;
   bool shown_ = false;
+  RECT besidePlace_{};  // of the owner, when this window was put at its side
 };
 
 }  // namespace nerolith::windows_forms

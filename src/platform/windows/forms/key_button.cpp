@@ -118,20 +118,13 @@ void CaptionKey::paint(Canvas& canvas) {
   if (focused()) theme().paintFocus(canvas, canvas.area(), ring);
 }
 
-PushButton::PushButton(FormGround& ground, controls::CommandButton& button)
-    : KeyButton(ground, button, MousePress::Keyboard::Comes), button_(button) {
-  bind();
-}
-
-std::wstring PushButton::caption() const { return wideOf(button_.caption()); }
-
-Extent PushButton::extent() const {
+Extent PlainKey::extent() const {
   const SIZE words = theme().measure(controls::Look::Plain, withoutMark(caption()));
   const int width = std::max(theme().px(92), static_cast<int>(words.cx) + theme().px(36));
-  return {width, theme().px(32), width, theme().px(32), false, false};
+  return {width, theme().px(32), width, theme().px(32), false, false, fillsWide_};
 }
 
-std::optional<LRESULT> PushButton::onOwnMessage(UINT message, WPARAM first, LPARAM second) {
+std::optional<LRESULT> PlainKey::onOwnMessage(UINT message, WPARAM first, LPARAM second) {
   if (message == WM_KEYDOWN && first == VK_RETURN) {
     quietly([this] { clicked(); });
     return 0;
@@ -139,12 +132,37 @@ std::optional<LRESULT> PushButton::onOwnMessage(UINT message, WPARAM first, LPAR
   return KeyButton::onOwnMessage(message, first, second);
 }
 
-void PushButton::paint(Canvas& canvas) {
+void PlainKey::paint(Canvas& canvas) {
   theme().paintKey(canvas, canvas.area(), state(), nullptr);
   theme().drawText(canvas, caption(), {0, down() ? 1 : 0, canvas.width(), canvas.height()},
                    theme().font(controls::Look::Plain), enabled() ? ink::kPlain : kDisabledInk,
                    Align::Centre, Shorten::End, true);
   if (focused()) theme().paintFocus(canvas, canvas.area());
+}
+
+PushButton::PushButton(FormGround& ground, controls::CommandButton& button)
+    : PlainKey(ground, button, false), button_(button) {
+  bind();
+}
+
+std::wstring PushButton::caption() const { return wideOf(button_.caption()); }
+
+LabelKey::LabelKey(FormGround& ground, controls::Label& label)
+    : PlainKey(ground, label, true), label_(label) {
+  bind();
+}
+
+std::wstring LabelKey::caption() const {
+  std::wstring text;
+  for (const wchar_t sign : wideOf(label_.caption())) text.append(sign == L'&' ? 2 : 1, sign);
+  return text;
+}
+
+std::wstring LabelKey::spokenName() const { return wideOf(label_.caption()); }
+
+void LabelKey::refresh() {
+  KeyButton::refresh();
+  if (std::exchange(shown_, label_.caption()) != label_.caption()) ground_.layoutChanged();
 }
 
 }  // namespace nerolith::windows_forms

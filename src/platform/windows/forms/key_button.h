@@ -67,19 +67,47 @@ class CaptionKey : public KeyButton {
 };
 
 /// A push button without a lamp, pressed by Enter as well as by the space bar.
-class PushButton : public KeyButton {
+class PlainKey : public KeyButton {
  public:
-  PushButton(FormGround& ground, controls::CommandButton& button);
   Extent extent() const override;
 
  protected:
-  void clicked() override { button_.userClick(); }
-  std::wstring caption() const override;
+  /// `fillsWide`: as wide as its place, instead of as its caption.
+  PlainKey(FormGround& ground, controls::Control& control, bool fillsWide)
+      : KeyButton(ground, control, MousePress::Keyboard::Comes), fillsWide_(fillsWide) {}
   void paint(Canvas& canvas) override;
   std::optional<LRESULT> onOwnMessage(UINT message, WPARAM first, LPARAM second) override;
 
  private:
+  bool fillsWide_;
+};
+
+class PushButton : public PlainKey {
+ public:
+  PushButton(FormGround& ground, controls::CommandButton& button);
+
+ protected:
+  void clicked() override { button_.userClick(); }
+  std::wstring caption() const override;
+
+ private:
   controls::CommandButton& button_;
+};
+
+/// A label that is a push button. An "&" in its caption is a sign like any other.
+class LabelKey : public PlainKey {
+ public:
+  LabelKey(FormGround& ground, controls::Label& label);
+
+ protected:
+  void clicked() override { label_.userClick(); }
+  std::wstring caption() const override;
+  std::wstring spokenName() const override;
+  void refresh() override;
+
+ private:
+  controls::Label& label_;
+  std::string shown_;
 };
 
 }  // namespace nerolith::windows_forms

@@ -30,6 +30,7 @@ struct Maker {
     if (look == Look::Digital) return std::make_unique<DigitalDisplay>(ground, *label);
     if (look == Look::Lamp) return std::make_unique<LampView>(ground, *label);
     if (look == Look::CaptionKey) return std::make_unique<CaptionKey>(ground, *label);
+    if (look == Look::Key) return std::make_unique<LabelKey>(ground, *label);
     return std::make_unique<LabelView>(ground, *label, look, onGlass);
   }
   View operator()(controls::CommandButton* button) const {

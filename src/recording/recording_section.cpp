@@ -1,0 +1,65 @@
+#include "recording/recording_section.h"
+
+#include <utility>
+
+#include "base/failure_policy.h"
+
+namespace nerolith::recording {
+
+RecordingSection::RecordingSection(RecordingDoors doors, Playing& playing,
+                                   const controls::Form& mainForm)
+    : doors_(std::move(doors)), playing_(playing), mainForm_(mainForm) {}
+
+RecordingWindow& RecordingSection::window() {
+  if (!window_)
+    window_ = std::make_unique<RecordingWindow>(doors_, playing_, mainForm_, correction_);
+  return *window_;
+}
+
+bool RecordingSection::adjustEnabled() const {
+  if (window_) return window_->adjustEnabled();
+  if (!storedAdjust_) storedAdjust_ = doors_.readAdjust();
+  return *storedAdjust_;
+}
+
+void RecordingSection::placeBesideMainWindow() {
+  if (window_ && window_->recordWindowShown()) window_->form().form.placeBesideOwner();
+}
+
+void RecordingSection::volumeCorrectionStep() {
+  if (closed_ || (!window_ && !adjustEnabled())) return;
+  base::endQuietly([this] { correctVolume(); });
+}
+
+void RecordingSection::correctVolume() {
+  controls::Label& caption = window().form().Label4;
+  if (!window().ready()) return caption.setCaption(std::string(kCorrectionError));
+  if (!window().adjustEnabled()) return caption.setCaption(std::string(kCorrectionIdle));
+  const Assessment level = assess(correction_, window().peakLevel(), playing_.anyFades());
+  correction_ = level.state;
+  if (level.caption) caption.setCaption(std::string(*level.caption));
+  if (!level.goesOn || playing_.currentFades()) return;
+  const Change change = correct(level, playing_.volume(), playing_.startVolume());
+  if (change.volume) playing_.setVolume(*change.volume);
+  if (change.caption) caption.setCaption(std::string(*change.caption));
+}
+
+void RecordingSection::stopRecording() {
+  if (window_) window_->playerStopped();
+}
+
+void RecordingSection::stopAfterLastSong() {
+  if (recording()) window_->Label2_Click(3);
+}
+
+void RecordingSection::close() {
+  closed_ = true;
+  if (window_) window_->close();
+}
+
+void RecordingSection::end() {
+  close();
+  window_.reset();
+}
+
+}  // namespace nerolith::recording
