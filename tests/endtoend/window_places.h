@@ -20,6 +20,13 @@ inline constexpr int kCloseX = 788, kCloseY = 25;
 inline constexpr int kNoticeX = 280, kNoticeY = 90;  // left end of the line under the song's name
 inline constexpr int kNoticeWidth = 510, kNoticeHeight = 20;
 inline constexpr int kDriveX = 160, kDriveY = 283;
+inline constexpr int kStopX = 475, kStopY = 244;
 inline constexpr int kFolderX = 500, kFolderY = 283;
+
+// The same in the recording section.
+inline constexpr int kSectionX = 236;  // its middle
+inline constexpr int kChooseY = 125, kRecordY = 203, kFadeStopY = 244;
+inline constexpr int kMegabytesX = 159, kMegabytesY = 284;
+inline constexpr int kExitX = 412, kExitY = 472;
 
 }  // namespace nerolith::endtoend::places

@@ -1,0 +1,38 @@
+// The recording section's window, driven from outside as a person would.
+#pragma once
+
+#include <filesystem>
+#include <string>
+#include <vector>
+
+#include "endtoend/player_window.h"
+#include "endtoend/private_desktop.h"
+
+namespace nerolith::endtoend {
+
+class SectionWindow {
+ public:
+  /// Opens it from the main window's menu. Throws std::runtime_error when it does not come.
+  SectionWindow(const PrivateDesktop& desktop, const PlayerWindow& player);
+
+  /// Through the dialog; throws when that does not come or does not go.
+  void chooseFile(const std::filesystem::path& file) const;
+  void limitTo(const std::string& megabytes) const;
+  void start() const;
+  void fadeOutAndStop() const;
+  void exit() const;
+  /// Whether it is on the screen.
+  bool shown() const;
+
+ private:
+  void click(int x, int y) const;
+  void tool(std::vector<std::string> words) const;
+
+  const PrivateDesktop& desktop_;
+  const PlayerWindow& player_;
+};
+
+/// Waits until the recorder has finished the file: its header tells the size. False: it never does.
+bool waitForFinishedFile(const std::filesystem::path& file, double longest);
+
+}  // namespace nerolith::endtoend
