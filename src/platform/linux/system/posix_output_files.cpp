@@ -25,6 +25,9 @@ void lock(const Descriptor& file) {
     throw Failure(file.path() + ": is being written by another program", EBUSY);
 }
 
+/// The descriptor itself may live a moment longer than the call that closed the file.
+void unlock(const Descriptor& file) { flock(file.get(), LOCK_UN); }
+
 void requireWritable(const Descriptor& file) {
   file.requireRegular();
   if (!(file.status().st_mode & S_IWUSR)) throwSystemFailure(file.path(), EACCES);
@@ -126,6 +129,7 @@ class PosixOutputFile : public platform::OutputFile {
     return [file] {
       requireName(*file);
       file->flush();
+      unlock(*file);
     };
   }
 
