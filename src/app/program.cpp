@@ -1,6 +1,7 @@
 #include "app/program.h"
 
 #include "app/dropped_files.h"
+#include "base/failure_policy.h"
 
 namespace nerolith::app {
 namespace {
@@ -18,6 +19,8 @@ recording::RecordingDoors recordingDoors(const platform::Machine& machine,
           machine.dialogs,
           machine.clock,
           machine.settings,
+          machine.bytes,
+          machine.events,
           machine.windows,
           [&stored] { return stored.readAdjust(); },
           [&stored](bool adjusting) { stored.writeAdjust(adjusting); }};
@@ -96,6 +99,7 @@ void Program::start(const std::string& commandLine) {
   startUp_.load();
   form_.form.setVisible(true);
   machine_.events.post([this, commandLine] { startUp_.begin(commandLine); });
+  machine_.events.post([this] { base::endQuietly([this] { recording_.offerRepair(); }); });
 }
 
 void Program::unload() {

@@ -42,8 +42,7 @@ void RecordingWindow::showState() {
   limits_.showArmed(recordingActive_);
   form_.Label2[0].setEnabled(!busy());
   form_.Label2[2].setEnabled(!busy());
-  form_.standardCopy.setVisible(!busy() && form_.standardCopy.click.hasListeners() && recorder_ &&
-                                !recorder_->finishedFile().empty());
+  form_.standardCopy.setVisible(!busy() && recorder_ && !recorder_->finishedFile().empty());
 }
 
 void RecordingWindow::showTrouble() {

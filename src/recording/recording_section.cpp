@@ -3,6 +3,8 @@
 #include <utility>
 
 #include "base/failure_policy.h"
+#include "recording/recording_texts.h"
+#include "recording/wave_repair.h"
 
 namespace nerolith::recording {
 
@@ -50,6 +52,26 @@ void RecordingSection::stopRecording() {
 
 void RecordingSection::stopAfterLastSong() {
   if (recording()) window_->Label2_Click(3);
+}
+
+// A second player's recording is under way, and no ruin; a disk that is not there may come back.
+bool RecordingSection::canBeRepaired(const std::string& path) const {
+  return base::goOn([&] { doors_.output.reopen(path)->close(); });
+}
+
+void RecordingSection::offerRepair() {
+  UnfinishedRecording unfinished(doors_.settings);
+  const std::string path = unfinished.path();
+  if (path.empty() || !canBeRepaired(path)) return;
+  unfinished.forget();
+  const platform::Message question{unfinishedText(path), platform::MessageIcon::Information,
+                                   platform::MessageButtons::YesNo, platform::Answer::Yes};
+  if (doors_.dialogs.showMessage(question) != platform::Answer::Yes) return;
+  try {
+    repairRecording(doors_.bytes, doors_.output, path);
+  } catch (const base::Failure& failure) {
+    doors_.dialogs.showMessage({failure.what(), platform::MessageIcon::Critical});
+  }
 }
 
 void RecordingSection::close() {

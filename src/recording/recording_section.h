@@ -26,6 +26,10 @@ class RecordingSection final : public player::RecordingLink {
   void open() {
     if (!closed_) window().open();
   }
+  /// Asks whether a recording that the last run could not finish is to be repaired, if there is
+  /// one. Waits for the answer. Asked once, whatever it is; put off while the file cannot be
+  /// written.
+  void offerRepair();
   /// The program ends: a recording is finished, nothing happens here any more.
   void close();
   /// `close`, and the window is gone. Not from within one of its own events.
@@ -36,6 +40,7 @@ class RecordingSection final : public player::RecordingLink {
 
  private:
   void correctVolume();
+  bool canBeRepaired(const std::string& path) const;
 
   RecordingDoors doors_;
   Playing& playing_;

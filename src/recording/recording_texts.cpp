@@ -43,6 +43,11 @@ const std::string_view kCalibrationText =
     "In these rare cases, position the recording slider to your own satisfaction.";
 // clang-format on
 
+std::string unfinishedText(const std::string& path) {
+  return "This recording was cut off before it was finished:\r\n\r\n" + path +
+         "\r\n\r\nShall its sound be made playable now?";
+}
+
 std::string noRecorderText(const std::string& whereToObtain) {
   return "Error implementing Sound Recorder.\r\n"
          "DirectX 8 or better must be installed,\r\n"

@@ -15,6 +15,11 @@ inline constexpr std::string_view kFileQuestionTitle = "Select Filename to recor
 inline constexpr std::string_view kFileQuestionFilter = "*.wav|*.wav";
 inline constexpr std::string_view kOverwriteQuestion = "File already exists. Overwrite file?";
 
+inline constexpr std::string_view kStandardCopyTitle = "Save a standard WAV copy";
+
+/// Asked at the start after a run that was cut off while it recorded.
+std::string unfinishedText(const std::string& path);
+
 /// Calibration's key, off and on.
 inline constexpr std::string_view kCalibrate = "Calibrate Sound levels";
 inline constexpr std::string_view kStopCalibrate = "Stop Calibrate";

@@ -6,6 +6,7 @@
 #include "recording/recording_limits.h"
 #include "recording/recording_texts.h"
 #include "recording/wave_name.h"
+#include "recording/wave_repair.h"
 
 namespace nerolith::recording {
 
@@ -58,6 +59,7 @@ void RecordingWindow::bind() {
   on(form_.Label4.click, [this] { Label4_Click(); });
   on(form_.Label8.click, [this] { Label4_Click(); });
   on(form_.Label7.click, [this] { Label7_Click(); });
+  on(form_.standardCopy.click, [this] { act([this] { saveStandardCopy(); }); });
   on(form_.form.unload, [this] { Label1_Click(); });
   on(form_.Timer1.tick, [this] { Timer1_Timer(); });
   on(form_.Timer2.tick, [this] { Timer2_Timer(); });
@@ -271,6 +273,25 @@ void RecordingWindow::endCalibration() {
   form_.Label7.setCaption(std::string(kCalibrate));
   calibration_.stop();
   if (!adjustEnabled_) need().StopSoundCapture();
+}
+
+/// Of a long recording this takes a while, in which the player plays on.
+void RecordingWindow::saveStandardCopy() {
+  const std::string from = need().finishedFile();
+  const auto to = doors_.dialogs.saveFile({.title = std::string(kStandardCopyTitle),
+                                           .filter = std::string(kFileQuestionFilter),
+                                           .fileName = standardCopyName(from)});
+  if (!to || closed_) return;
+  form_.standardCopy.setEnabled(false);
+  form_.outcome.setCaption("Copying ...");
+  const bool copied = act([&] {
+    writeStandardCopy(doors_.bytes, doors_.output, from, withWaveEnding(*to), [this] {
+      if (closed_) throw base::Failure("The program ended");
+      doors_.events.runWaitingEvents();
+    });
+  });
+  form_.standardCopy.setEnabled(true);
+  form_.outcome.setCaption(copied ? "Copied" : "Not copied");
 }
 
 void RecordingWindow::Label1_Click() {

@@ -8,9 +8,11 @@
 
 #include "base/signal.h"
 #include "forms/recording_form.h"
+#include "platform/byte_files.h"
 #include "platform/calibration_tone.h"
 #include "platform/clock.h"
 #include "platform/dialogs.h"
+#include "platform/event_queue.h"
 #include "platform/file_system.h"
 #include "platform/window_host.h"
 #include "recording/calibration.h"
@@ -31,6 +33,8 @@ struct RecordingDoors {
   platform::Dialogs& dialogs;
   platform::Clock& clock;
   platform::SettingsStore& settings;
+  const platform::ByteFiles& bytes;
+  platform::EventQueue& events;
   platform::WindowHost& windows;
   /// The stored choice whether the volume is adjusted.
   std::function<bool()> readAdjust;
@@ -112,6 +116,7 @@ class RecordingWindow {
   void endCalibration();
   void stopPlayer();
   void inform(std::string_view text);
+  void saveStandardCopy();
 
   /// Runs an action of the user; its failure is told in the window.
   bool act(const std::function<void()>& action);

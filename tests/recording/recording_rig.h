@@ -101,7 +101,8 @@ class RecordingTest : public testing::Test {
   NotedPlaying playing{machine};
   RecordingSection section{
       {machine.capture, machine.tone, machine.output, machine.files, machine.dialogs, machine.clock,
-       machine.settings, machine.windows, [this] { return storedAdjust() == "True"; },
+       machine.settings, machine.bytes, machine.events, machine.windows,
+       [this] { return storedAdjust() == "True"; },
        [this](bool on) {
          machine.settings.write("Nerolith", "Setting", "adjust", on ? "True" : "False");
        }},
