@@ -87,7 +87,7 @@ void WorkAhead::Row::close() {
   idle.wait_for(lock, kTimeToClose, [this] { return working == 0; });
 }
 
-WorkAhead::WorkAhead(RetiredThreads& retired, std::vector<std::string> paths, Job job,
+WorkAhead::WorkAhead(RetiredThreads& retired, std::vector<std::string> paths, const Job& job,
                      std::size_t threads, std::chrono::milliseconds standstill)
     : retired_(retired),
       row_(std::make_shared<Row>(std::move(paths))),

@@ -26,8 +26,8 @@ class WorkAhead {
   using Job = std::function<double(const std::string& path, JobWatch& watch)>;
 
   /// At most `threads` threads. Fails (`Failure`) if the system has none to spare.
-  WorkAhead(RetiredThreads& retired, std::vector<std::string> paths, Job job, std::size_t threads,
-            std::chrono::milliseconds standstill = std::chrono::seconds(5));
+  WorkAhead(RetiredThreads& retired, std::vector<std::string> paths, const Job& job,
+            std::size_t threads, std::chrono::milliseconds standstill = std::chrono::seconds(5));
   ~WorkAhead();
   WorkAhead(const WorkAhead&) = delete;
   WorkAhead& operator=(const WorkAhead&) = delete;

@@ -18,9 +18,9 @@ class DurationsAhead : public DurationReader {
   static constexpr std::chrono::milliseconds kMoment{20};
 
   DurationsAhead(base::RetiredThreads& retired, std::vector<std::string> paths,
-                 base::WorkAhead::Job measure, std::size_t threads,
+                 const base::WorkAhead::Job& measure, std::size_t threads,
                  std::chrono::milliseconds standstill = std::chrono::seconds(5))
-      : work_(retired, std::move(paths), std::move(measure), threads, standstill) {}
+      : work_(retired, std::move(paths), measure, threads, standstill) {}
 
   std::vector<double> take() override { return work_.take(kMoment); }
 

@@ -18,7 +18,7 @@ constexpr double kHalfTurn = 3.1415279;
 }  // namespace
 
 std::vector<std::int16_t> calibrationSamples() {
-  std::vector<std::int16_t> samples(kToneBytes / 2 + 1);
+  std::vector<std::int16_t> samples(std::size_t{kToneBytes} / 2 + 1);
   for (int start = 0; start <= kLastPeriodStart; start += kPeriod)
     for (int k = 1; k <= kPeriod; ++k)
       samples[static_cast<std::size_t>(start + k)] =

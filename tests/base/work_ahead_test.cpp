@@ -20,6 +20,7 @@ constexpr auto kLong = 20s;  // never waited for unless something is wrong
 
 std::vector<std::string> numbers(int count) {
   std::vector<std::string> paths;
+  paths.reserve(static_cast<std::size_t>(count));
   for (int i = 0; i < count; ++i) paths.push_back(std::to_string(i));
   return paths;
 }

@@ -70,7 +70,7 @@ std::string linkTarget(const std::string& path) {
     const ssize_t length = readlink(target.c_str(), next.data(), next.size());
     if (length < 0) return target;
     const std::string led = next.substr(0, static_cast<std::size_t>(length));
-    target = led.starts_with('/') ? led : folderOf(target) + '/' + led;
+    target = led.starts_with('/') ? led : folderOf(target).append("/").append(led);
   }
   throwSystemFailure(path, ELOOP);
 }

@@ -125,7 +125,7 @@ class PosixOutputFile : public platform::OutputFile {
 
  protected:
   virtual bool named() const { return true; }
-  virtual std::function<void()> finish(std::shared_ptr<const Descriptor> file) {
+  virtual std::function<void()> finish(const std::shared_ptr<const Descriptor>& file) {
     return [file] {
       requireName(*file);
       file->flush();
@@ -155,7 +155,7 @@ class PosixReplacement : public PosixOutputFile {
 
  protected:
   bool named() const override { return false; }
-  std::function<void()> finish(std::shared_ptr<const Descriptor>) override {
+  std::function<void()> finish(const std::shared_ptr<const Descriptor>&) override {
     return [replacement = std::exchange(replacement_, nullptr)] {
       replacement->complete();
       replacement->takePlace();
