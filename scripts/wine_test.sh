@@ -29,9 +29,17 @@ if [ ! -f "$prefix/ready" ]; then
     exit 125
 fi
 
+# Wine's server may be about to end just as the program starts, and then nothing of it runs: a
+# program that failed without a word is started once more.
 log=$(mktemp "$prefix/output.XXXXXX")
-wine "$@" >"$log" 2>&1 </dev/null
-result=$?
+for attempt in first second; do
+    wine "$@" >"$log" 2>&1 </dev/null
+    result=$?
+    if [ $result -eq 0 ] || [ -s "$log" ] || [ $attempt = second ]; then
+        break
+    fi
+    echo "wine_test.sh: ended with $result without a word; started once more" >&2
+done
 cat "$log"
 rm -f "$log"
 exit $result

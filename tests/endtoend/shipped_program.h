@@ -46,6 +46,7 @@ struct SoundDemands {
   double cut = 0.002;     // the same where a song is stopped or paused
   double stopped = 0.2;   // seconds from the key to silence
   double resumed = 0.05;  // seconds by which the song may go on elsewhere
+  double resumeGap = 0;   // seconds of silence soon after the song goes on
 };
 SoundDemands demands();
 

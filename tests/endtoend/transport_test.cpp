@@ -54,6 +54,13 @@ Outcome singleLoops() {
 
 TEST(Single, WithLoopMixesIntoItself) { measure(singleLoops); }
 
+// The pause itself, and behind it at most the break that the machine under the player makes.
+bool isOnePause(const std::vector<Stretch>& silences) {
+  if (silences.size() != 2) return silences.size() == 1;
+  const Stretch& gap = silences[1];
+  return gap.to - gap.from <= demands().resumeGap && gap.to - silences[0].to <= 0.3;
+}
+
 Outcome pauseAndResume() {
   Stage stage;
   openClimb(stage, 15);
@@ -68,7 +75,7 @@ Outcome pauseAndResume() {
   const Sound sound = stage.recording->sound();
   const auto silences = silencesIn(sound, silent - 0.6, sound.length() - 0.1);
   Complaints complaints = clicksOf(sound);
-  if (silences.size() != 1) return stage.outcome({"silences: " + describe(silences)});
+  if (!isOnePause(silences)) return stage.outcome({"silences: " + describe(silences)});
   const double before = positionBefore(sound, silences[0].from);
   const double after = positionAfter(sound, silences[0].to);
   if (std::abs(after - before) > demands().resumed)
