@@ -9,8 +9,8 @@
 namespace nerolith::recording {
 namespace {
 
-constexpr int kPeriod = 360;
-constexpr int kLastPeriodStart = 176397;
+constexpr std::size_t kPeriod = 360;
+constexpr std::size_t kLastPeriodStart = 176397;
 constexpr double kAmplitude = 17000;
 /// Off from the circle's number in its fourth place, and so the tone's shape has been ever since.
 constexpr double kHalfTurn = 3.1415279;
@@ -19,10 +19,10 @@ constexpr double kHalfTurn = 3.1415279;
 
 std::vector<std::int16_t> calibrationSamples() {
   std::vector<std::int16_t> samples(std::size_t{kToneBytes} / 2 + 1);
-  for (int start = 0; start <= kLastPeriodStart; start += kPeriod)
-    for (int k = 1; k <= kPeriod; ++k)
-      samples[static_cast<std::size_t>(start + k)] =
-          base::toInt16Clamped(std::sin(k * kHalfTurn / 180) * kAmplitude);
+  for (std::size_t start = 0; start <= kLastPeriodStart; start += kPeriod)
+    for (std::size_t k = 1; k <= kPeriod; ++k)
+      samples[start + k] =
+          base::toInt16Clamped(std::sin(static_cast<double>(k) * kHalfTurn / 180) * kAmplitude);
   return samples;
 }
 
