@@ -26,7 +26,7 @@ void randomDrawOfTheOnlyUnplayed(benchmark::State& state) {
   player::RandomSource random;
   std::int16_t recentCount = 0;
   int only = 0;
-  for (auto _ : state) {
+  for ([[maybe_unused]] auto _ : state) {
     only = (only + 4999) % kCount;
     songs.setPlayed(only, false);
     const int chosen = player::chooseRandom(songs, kCount, player::drawPosition(random, kCount),
@@ -39,7 +39,7 @@ BENCHMARK(randomDrawOfTheOnlyUnplayed)->Unit(benchmark::kMicrosecond)->Iteration
 
 /// The whole player, on a machine in memory: Random over a folder of 10,000 songs, for a day.
 void dayOfRandomOverTenThousandSongs(benchmark::State& state) {
-  for (auto _ : state) {
+  for ([[maybe_unused]] auto _ : state) {
     state.PauseTiming();
     platform::simulated::SimulatedMachine machine;
     machine.recordTrace(false);
@@ -71,7 +71,7 @@ void tickWithHundredThousandEntries(benchmark::State& state) {
   machine.advance(1s);
   program.mainForm().List1.setItems(std::vector<std::string>(100000, "song.mp3"));
   int position = 0;
-  for (auto _ : state) {
+  for ([[maybe_unused]] auto _ : state) {
     state.PauseTiming();
     program.mainForm().List1.selectAll();
     program.mainForm().List1.setSelected(position++ % 100000, false);

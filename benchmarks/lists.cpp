@@ -5,6 +5,7 @@
 #include <QListView>
 #include <algorithm>
 #include <chrono>
+#include <cstdint>
 #include <cstdio>
 #include <filesystem>
 #include <fstream>
@@ -208,7 +209,7 @@ void measurePlaylists(Window& window, const fs::path& scratch) {
   const auto before = fs::file_size(scratch / "100000.m3u");
   measure(
       "quick_add_10000", [] {}, [&] { pressAlt(window, 'Q'); });
-  require(fs::file_size(scratch / "100000.m3u") > before + kTries * 400000, "nothing was added");
+  require(fs::file_size(scratch / "100000.m3u") > before + std::uintmax_t{kTries} * 400000, "nothing was added");
 }
 
 /// Every other entry is selected and removed by Del, the rest is painted.
@@ -218,6 +219,7 @@ void measureRemoval(Window& window) {
       "remove_50000_of_100000",
       [&] {
         std::vector<std::string> entries;
+        entries.reserve(100000);
         for (int i = 0; i < 100000; ++i)
           entries.push_back("A song of some length, number " + std::to_string(i) + ".mp3");
         window.program.songs().refill(std::move(entries));
