@@ -209,7 +209,8 @@ void measurePlaylists(Window& window, const fs::path& scratch) {
   const auto before = fs::file_size(scratch / "100000.m3u");
   measure(
       "quick_add_10000", [] {}, [&] { pressAlt(window, 'Q'); });
-  require(fs::file_size(scratch / "100000.m3u") > before + std::uintmax_t{kTries} * 400000, "nothing was added");
+  require(fs::file_size(scratch / "100000.m3u") > before + std::uintmax_t{kTries} * 400000,
+          "nothing was added");
 }
 
 /// Every other entry is selected and removed by Del, the rest is painted.
