@@ -21,6 +21,7 @@ class Built:
         self.rules = os.path.abspath(os.path.join(build, "benchmarks", "nerolith_bench"))
         self.lists = os.path.abspath(os.path.join(build, "benchmarks", "nerolith_lists"))
         self.playtime = os.path.abspath(os.path.join(build, "benchmarks", "nerolith_playtime"))
+        self.record = os.path.abspath(os.path.join(build, "benchmarks", "nerolith_recording"))
         self.steady = os.path.abspath(os.path.join(build, "benchmarks", "nerolith_steady_play"))
 
 
@@ -237,6 +238,48 @@ def steady(report, built, seconds=60):
     counts = dict(zip(words[::2], map(int, words[1::2])))
     report.figure(f"under-runs in {seconds} s, all cores busy", counts["underruns"], "", 0)
     report.figure("late decoders in that time", counts["starvations"], "", 0)
+
+
+def _record(desktop, built, seconds):
+    """What the recorder tells of itself; the card plays a tone that the server makes itself."""
+    done = subprocess.run([built.record, str(seconds), os.path.join(desktop.folder, "take.wav")],
+                          env=desktop.environment, check=True, capture_output=True, text=True)
+    words = done.stdout.split()
+    return dict(zip(words[::2], map(int, words[1::2])))
+
+
+def record(report, built, busy_seconds=60, rounds=3, seconds=20):
+    """A recording's cost beside parec's, in turn; then one while all cores are busy."""
+    ours, peers = [], []
+    with Desktop() as desktop:
+        subprocess.run(["pactl", "load-module", "module-sine", "sink=card", "frequency=441"],
+                       env=desktop.environment, check=True, capture_output=True)
+        for turn in range(rounds):
+            wave = os.path.join(desktop.folder, f"peer{turn}.wav")
+            peers.append(_run(desktop, ["parec", "--file-format=wav", "--device=card.monitor",
+                                        wave], 2, seconds)[0])
+            ours.append(_record(desktop, built, seconds))
+        load = [desktop.start(["python3", "-c", BUSY]) for _ in range(os.cpu_count())]
+        hard = _record(desktop, built, busy_seconds)
+        for program in load:
+            program.end()
+    _tell_recordings(report, ours, peers, hard, busy_seconds)
+
+
+def _tell_recordings(report, ours, peers, hard, busy_seconds):
+    cost = median([run["cpu_us_a_second"] / 1000 for run in ours])
+    report.figure("a recording, processor for a second", cost, "ms")
+    report.figure("parec --file-format=wav, the same", median(peers), "ms")
+    report.figure("a recording, player / parec", cost / median(peers), "x", 1.5)
+    for name, limit in (("tick", 5), ("probe", 0.2)):
+        what = "transfer of a half" if name == "tick" else "probe of the level"
+        report.figure(what, median([run[f"{name}_us"] for run in ours]) / 1000, "ms", limit,
+                      f"worst {max(run[f'worst_{name}_us'] for run in ours) / 1000:.2f}, "
+                      f"with all cores busy {hard[f'worst_{name}_us'] / 1000:.2f}")
+    report.figure("breaks in the recorded tone", sum(run["breaks"] for run in ours), "", 0)
+    report.figure(f"the same in {busy_seconds} s, all cores busy", hard["breaks"], "", 0,
+                  f"{hard['milliseconds'] / 1000:.1f} s recorded")
+    report.figure("halves fetched too late in that time", hard["missed"], "", 0)
 
 
 def _encode(desktop, name, seconds, *options):

@@ -6,7 +6,7 @@ import sys
 import figures
 from report import Report, load
 
-ALL = ("lists", "rules", "start", "play", "click", "steady", "playtime")
+ALL = ("lists", "rules", "start", "play", "click", "steady", "record", "playtime")
 
 
 def main():
@@ -27,8 +27,8 @@ def main():
     for name in wanted:
         report.say(f"-- {name} (load {load():.1f})")
         try:
-            if name == "steady" and given.long:
-                figures.steady(report, built, 600)
+            if name in ("steady", "record") and given.long:
+                getattr(figures, name)(report, built, 600)
             else:
                 getattr(figures, name)(report, built)
         except Exception as trouble:  # one that cannot be measured must not hide the others

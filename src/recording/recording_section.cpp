@@ -59,11 +59,18 @@ bool RecordingSection::canBeRepaired(const std::string& path) const {
   return base::goOn([&] { doors_.output.reopen(path)->close(); });
 }
 
+bool RecordingSection::wasRepaired(const std::string& path) const {
+  bool whole = false;
+  base::goOn([&] { whole = isFinished(doors_.bytes, path); });
+  return whole;
+}
+
 void RecordingSection::offerRepair() {
   UnfinishedRecording unfinished(doors_.settings);
   const std::string path = unfinished.path();
   if (path.empty() || !canBeRepaired(path)) return;
   unfinished.forget();
+  if (wasRepaired(path)) return;
   const platform::Message question{unfinishedText(path), platform::MessageIcon::Information,
                                    platform::MessageButtons::YesNo, platform::Answer::Yes};
   if (doors_.dialogs.showMessage(question) != platform::Answer::Yes) return;

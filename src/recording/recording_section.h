@@ -28,7 +28,7 @@ class RecordingSection final : public player::RecordingLink {
   }
   /// Asks whether a recording that the last run could not finish is to be repaired, if there is
   /// one. Waits for the answer. Asked once, whatever it is; put off while the file cannot be
-  /// written.
+  /// written. One that was repaired since is not asked for.
   void offerRepair();
   /// The program ends: a recording is finished, nothing happens here any more.
   void close();
@@ -41,6 +41,7 @@ class RecordingSection final : public player::RecordingLink {
  private:
   void correctVolume();
   bool canBeRepaired(const std::string& path) const;
+  bool wasRepaired(const std::string& path) const;
 
   RecordingDoors doors_;
   Playing& playing_;

@@ -129,7 +129,7 @@ void RecordingWindow::Label2_Click(std::size_t index) {
         chooseFile();
         break;
       case 1:
-        if (!recording()) inform(kHowToText);
+        if (!need().writingtofile()) inform(kHowToText);
         break;
       case 2:
         start();
@@ -138,7 +138,7 @@ void RecordingWindow::Label2_Click(std::size_t index) {
         fadeOutAndStop();
         break;
       default:
-        if (!recording()) inform(kVolumeSettingsText);
+        if (!need().writingtofile()) inform(kVolumeSettingsText);
         break;
     }
   });

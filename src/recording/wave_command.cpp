@@ -2,7 +2,9 @@
 
 #include <cstdint>
 
+#include "base/failure_policy.h"
 #include "platform/failure.h"
+#include "recording/unfinished_recording.h"
 #include "recording/wave_repair.h"
 
 namespace nerolith::recording {
@@ -20,9 +22,23 @@ std::string lengthText(std::int64_t bytes) {
   return tenths < 600 ? seconds : std::to_string(tenths / 600) + " min " + seconds;
 }
 
+/// What is whole need not be offered for repair at the next start; unless it is being written.
+void forgetNoteOf(const std::string& path, const platform::ByteFiles& bytes,
+                  platform::OutputFiles& output, platform::SettingsStore& settings) {
+  UnfinishedRecording unfinished(settings);
+  const std::string noted = unfinished.path();
+  if (noted.empty()) return;
+  base::endQuietly([&] {
+    if (!bytes.same(path, noted)) return;
+    output.reopen(path)->close();
+    unfinished.forget();
+  });
+}
+
 CommandAnswer repair(const std::string& path, const platform::ByteFiles& bytes,
-                     platform::OutputFiles& output) {
+                     platform::OutputFiles& output, platform::SettingsStore& settings) {
   const RepairReport report = repairRecording(bytes, output, path);
+  forgetNoteOf(path, bytes, output, settings);
   const std::string length = lengthText(report.soundBytes) + " of sound";
   if (!report.changed) return {0, path + ": needs no repair, " + length};
   return {0, path + ": repaired, " + length};
@@ -40,10 +56,11 @@ bool isWaveCommand(const std::string& word) { return word == kRepair || word == 
 
 std::optional<CommandAnswer> answerWaveCommand(const std::vector<std::string>& words,
                                                const platform::ByteFiles& bytes,
-                                               platform::OutputFiles& output) {
+                                               platform::OutputFiles& output,
+                                               platform::SettingsStore& settings) {
   if (words.empty() || !isWaveCommand(words[0])) return std::nullopt;
   try {
-    if (words[0] == kRepair && words.size() == 2) return repair(words[1], bytes, output);
+    if (words[0] == kRepair && words.size() == 2) return repair(words[1], bytes, output, settings);
     if (words[0] == kStandard && words.size() == 3) return copy(words[1], words[2], bytes, output);
   } catch (const platform::Failure& failure) {
     return CommandAnswer{1, failure.what()};

@@ -7,6 +7,7 @@
 
 #include "platform/byte_files.h"
 #include "platform/output_file.h"
+#include "platform/settings_store.h"
 
 namespace nerolith::recording {
 
@@ -16,10 +17,12 @@ struct CommandAnswer {
 };
 
 /// Answers "--repair FILE.wav" and "--standard FILE.wav OUT.wav"; nothing when `words` (those
-/// behind the program's name) begin with neither. Never fails.
+/// behind the program's name) begin with neither. A recording that is whole now is no longer noted
+/// as unfinished in `settings`. Never fails.
 std::optional<CommandAnswer> answerWaveCommand(const std::vector<std::string>& words,
                                                const platform::ByteFiles& bytes,
-                                               platform::OutputFiles& output);
+                                               platform::OutputFiles& output,
+                                               platform::SettingsStore& settings);
 
 /// Whether `word` is one of the two: what is to be known before files are opened.
 bool isWaveCommand(const std::string& word);

@@ -90,6 +90,10 @@ RepairReport repairRecording(const platform::ByteFiles& bytes, platform::OutputF
   return {true, sound};
 }
 
+bool isFinished(const platform::ByteFiles& bytes, const std::string& path) {
+  return finishedLayout(openRecording(bytes, path)).has_value();
+}
+
 std::int64_t writeStandardCopy(const platform::ByteFiles& bytes, platform::OutputFiles& output,
                                const std::string& from, const std::string& to,
                                const std::function<void()>& between) {

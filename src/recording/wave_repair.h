@@ -22,6 +22,10 @@ struct RepairReport {
 RepairReport repairRecording(const platform::ByteFiles& bytes, platform::OutputFiles& output,
                              const std::string& path);
 
+/// Whether the recording was finished or repaired: nothing is left to do for it. Fails for a file
+/// that is not one of the recorder's, or that holds no sound.
+bool isFinished(const platform::ByteFiles& bytes, const std::string& path);
+
 /// Writes the sound of the recording `from`, finished or not, into a new file `to` as the standard
 /// has it: no extra samples, and the sizes that other programs expect. Streams, whatever the
 /// length; `to` appears in one step, and an older file of that name stays until then. `between` is

@@ -1,25 +1,14 @@
 #include "endtoend/player_window.h"
 
-#include <chrono>
-#include <functional>
 #include <sstream>
-#include <thread>
 
 #include "endtoend/shipped_program.h"
+#include "endtoend/wait_until.h"
 
 namespace nerolith::endtoend {
 namespace {
 
 constexpr const char* kMainTitle = "^Nerolith$";
-
-bool waitUntil(double longest, const std::function<bool()>& ready) {
-  const auto until = std::chrono::steady_clock::now() + std::chrono::duration<double>(longest);
-  while (!ready()) {
-    if (std::chrono::steady_clock::now() > until) return false;
-    std::this_thread::sleep_for(std::chrono::milliseconds(20));
-  }
-  return true;
-}
 
 std::vector<std::string> linesOf(const std::string& text) {
   std::vector<std::string> lines;
@@ -36,6 +25,7 @@ PlayerWindow::PlayerWindow(const PrivateDesktop& desktop, std::vector<std::strin
     : desktop_(desktop), log_(desktop.scratch() / "player.log") {
   std::filesystem::remove(log_);
   Command command = startOf(desktop, std::move(arguments));
+  command.words.insert(command.words.begin(), desktop.launcher.begin(), desktop.launcher.end());
   command.log = log_;
   if (!folder.empty()) command.folder = folder;
   program_ = std::make_unique<ChildProcess>(command);

@@ -33,6 +33,9 @@ class PrivateDesktop {
   void killSoundServer();
   void startSoundServer();
 
+  /// Words that start the player, before its own: what limits it, say.
+  std::vector<std::string> launcher;
+
   /// The whole screen, as PNG.
   void screenshot(const std::filesystem::path& file) const;
 

@@ -1,11 +1,10 @@
 #include <algorithm>
-#include <chrono>
 #include <fstream>
 #include <stdexcept>
-#include <thread>
 
 #include "endtoend/private_desktop.h"
 #include "endtoend/tones.h"
+#include "endtoend/wait_until.h"
 
 namespace nerolith::endtoend {
 namespace {
@@ -38,16 +37,6 @@ Sound read(const std::filesystem::path& file, std::uintmax_t firstFrame) {
       sound.samples.push_back((both[2 * i] + both[2 * i + 1]) / 2);
   }
   return sound;
-}
-
-template <class Ready>
-bool waitUntil(double longest, Ready ready) {
-  const auto until = std::chrono::steady_clock::now() + std::chrono::duration<double>(longest);
-  while (!ready()) {
-    if (std::chrono::steady_clock::now() > until) return false;
-    std::this_thread::sleep_for(std::chrono::milliseconds(10));
-  }
-  return true;
 }
 
 }  // namespace

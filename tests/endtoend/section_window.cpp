@@ -1,10 +1,12 @@
 #include "endtoend/section_window.h"
 
 #include <chrono>
+#include <cstdlib>
 #include <fstream>
 #include <stdexcept>
 #include <thread>
 
+#include "endtoend/picture.h"
 #include "endtoend/shipped_program.h"
 #include "endtoend/stage.h"
 #include "endtoend/window_places.h"
@@ -63,6 +65,29 @@ void SectionWindow::limitTo(const std::string& megabytes) const {
 void SectionWindow::start() const { click(places::kSectionX, places::kRecordY); }
 void SectionWindow::fadeOutAndStop() const { click(places::kSectionX, places::kFadeStopY); }
 void SectionWindow::exit() const { click(places::kExitX, places::kExitY); }
+void SectionWindow::howTo() const { click(places::kSectionX, places::kHowToY); }
+void SectionWindow::aboutVolumes() const { click(places::kSectionX, places::kVolumesY); }
+void SectionWindow::calibrate() const { click(places::kCalibrateX, places::kCalibrateY); }
+
+Place SectionWindow::place() const {
+  const ScratchFolder scratch;
+  const std::string told =
+      outputOf(desktop_.command({"xwininfo", "-name", kTitle}), scratch.path());
+  const auto number = [&](const std::string& name) {
+    const auto found = told.find(name + ":");
+    return found == told.npos ? 0 : std::atoi(told.c_str() + found + name.size() + 1);
+  };
+  return {number("Absolute upper-left X"), number("Absolute upper-left Y"), number("Width"),
+          number("Height")};
+}
+
+double SectionWindow::noticeContrast() const {
+  const Place window = place();
+  return contrastRatio(
+      grab(desktop_, {window.x + places::kSectionNoticeX, window.y + places::kSectionNoticeY,
+                      places::kSectionNoticeWidth, places::kSectionNoticeHeight}));
+}
+
 bool SectionWindow::shown() const { return player_.showsTitle(kTitle); }
 
 bool waitForFinishedFile(const std::filesystem::path& file, double longest) {

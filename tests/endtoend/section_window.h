@@ -21,16 +21,26 @@ class SectionWindow {
   void start() const;
   void fadeOutAndStop() const;
   void exit() const;
+  void howTo() const;
+  void aboutVolumes() const;
+  void calibrate() const;
   /// Whether it is on the screen.
   bool shown() const;
+  /// How well the line stands out in which it says what is wrong; see `contrastRatio`.
+  double noticeContrast() const;
 
  private:
+  Place place() const;
   void click(int x, int y) const;
   void tool(std::vector<std::string> words) const;
 
   const PrivateDesktop& desktop_;
   const PlayerWindow& player_;
 };
+
+/// Contrasts of `noticeContrast`: more than the one while something is said, less than the other
+/// while nothing is.
+inline constexpr double kNoticeLegible = 4.5, kNoticeEmpty = 1.5;
 
 /// Waits until the recorder has finished the file: its header tells the size. False: it never does.
 bool waitForFinishedFile(const std::filesystem::path& file, double longest);

@@ -1,8 +1,11 @@
 // What goes wrong while a recording is under way.
+#include "recording/wave_model.h"
 #include "recording_rig.h"
 
 namespace nerolith::recording {
 namespace {
+
+constexpr char kFile[] = "C:\\rec\\a.wav";
 
 TEST_F(RecordingTest, AFullDiskEndsTheRecordingAndSaysSoInTheWindow) {
   record();
@@ -38,29 +41,86 @@ TEST_F(RecordingTest, MissedTicksAreCountedAndSaidAfterTheStop) {
   EXPECT_NE(form().notice.caption().find("seconds of sound are missing"), std::string::npos);
 }
 
-TEST_F(RecordingTest, EveryFailingDoorLeavesTheFileClosedAndThePlayerStopped) {
+TEST_F(RecordingTest, AFolderThatIsRemovedEndsTheRecordingAndSaysSoInTheWindow) {
   record();
   machine.advance(3s);
-  const std::uint64_t calls = [&] {
-    const std::uint64_t before = machine.doorCalls();
-    form().Label2[3].userClick();
-    machine.advance(6s);
-    return machine.doorCalls() - before;
-  }();
-  for (std::uint64_t n = 1; n <= calls; n += 1 + calls / 200) {
-    machine.dialogs.chooseFile("C:\\rec\\" + std::to_string(n) + ".wav");
-    window().Label2_Click(2);
-    machine.advance(3s);
+  machine.files.remove(kFile);
+  machine.advance(3s);
+  EXPECT_FALSE(section.recording());
+  EXPECT_NE(form().notice.caption().find("The recording has ended"), std::string::npos);
+  EXPECT_EQ(asked(), "");
+}
+
+TEST_F(RecordingTest, AFileThatAnotherProgramTakesCanBeRepairedOnceItIsLetGo) {
+  record();
+  machine.advance(3s);
+  machine.output.lock(kFile);
+  machine.advance(3s);
+  EXPECT_FALSE(section.recording());
+  EXPECT_NE(form().notice.caption().find("held by another program"), std::string::npos);
+  EXPECT_EQ(asked(), "");
+  machine.output.unlock(kFile);
+  machine.dialogs.answer(Answer::Yes);
+  section.offerRepair();
+  EXPECT_TRUE(model::isWhole(machine.output.bytes(kFile)));
+}
+
+TEST_F(RecordingTest, AFileThatAnotherProgramHoldsIsSaidSoAtTheStart) {
+  machine.files.addFile(kFile);
+  machine.output.lock(kFile);
+  open();
+  machine.dialogs.chooseFile(kFile);
+  machine.dialogs.answer(Answer::Yes);
+  form().Label2[2].userClick();
+  EXPECT_FALSE(section.recording());
+  EXPECT_NE(form().notice.caption().find("held by another program"), std::string::npos);
+}
+
+TEST_F(RecordingTest, WhileTheSoundIsAwayTheFileIsWholeAndWithTheSoundItGrowsOn) {
+  record();
+  machine.advance(5s);
+  machine.capture.goAway("The sound server does not answer.");
+  machine.advance(1s);
+  EXPECT_EQ(machine.output.bytes(kFile).size(), 44U + 2 * 352802U);
+  EXPECT_TRUE(model::isWhole(machine.output.bytes(kFile)));
+  machine.advance(20s);
+  machine.capture.comeBack();
+  machine.advance(5s);
+  playing.stop();
+  EXPECT_TRUE(model::isWhole(machine.output.bytes(kFile)));
+  EXPECT_EQ(form().outcome.caption(), "Recorded 1.7 MB");  // the ten seconds that were heard
+  EXPECT_EQ(form().notice.caption(), "");
+}
+
+/// A start, one half and a bit, a short fade and the stop, with one call that fails.
+TEST_F(RecordingTest, EveryFailingDoorLeavesTheFileClosedAndThePlayerStopped) {
+  playing.length = 0.3F;
+  open();
+  int whole = 0;
+  for (std::uint64_t n = 1, before = 0; n == 1 || machine.doorway.faults() > before; ++n) {
+    before = machine.doorway.faults();
+    UnfinishedRecording(machine.settings).forget();
+    if (machine.dialogs.unusedAnswers() == 0) machine.dialogs.chooseFile(kFile);
     machine.clearTrace();
-    form().Label2[3].userClick();
     machine.failDoorCall(n);
-    machine.advance(12s);
+    window().Label2_Click(2);
+    machine.advance(2300ms);
+    form().Label2[3].userClick();
+    machine.advance(1s);
     machine.failDoorCall(0);
-    EXPECT_EQ(count(asked(), "player.stop"), "1") << n;
+    const std::string bytes = machine.files.find(kFile) ? machine.output.bytes(kFile) : "";
+    EXPECT_EQ(asked().rfind("player.stop"), asked().size() - 11) << n;
     EXPECT_FALSE(section.recording()) << n;
     EXPECT_FALSE(form().Timer2.enabled()) << n;
-    EXPECT_FALSE(machine.output.isOpen("C:\\rec\\" + std::to_string(n) + ".wav")) << n;
+    // Without sound in it the file stays open until the next start.
+    EXPECT_TRUE(bytes.size() <= 44 || !machine.output.isOpen(kFile)) << n;
+    const bool good = bytes.size() > 44 && model::isWhole(bytes);
+    EXPECT_TRUE(good || bytes.size() <= 44 || UnfinishedRecording(machine.settings).path() == kFile)
+        << n << ": " << bytes.size();
+    whole += good;
+    machine.files.remove(kFile);
   }
+  EXPECT_GT(whole, 50);
 }
 
 }  // namespace

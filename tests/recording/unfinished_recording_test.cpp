@@ -53,6 +53,26 @@ TEST_F(Unfinished, WithoutANoteNothingIsAsked) {
   EXPECT_EQ(questions(), "");
 }
 
+TEST_F(Unfinished, OneThatWasRepairedSinceIsNotAskedFor) {
+  const std::string whole =
+      model::header(2 * model::kHalf + 44, 2 * model::kHalf) + model::halves(2);
+  machine.bytes.put(kCutOff, whole);
+  section.offerRepair();
+  EXPECT_EQ(questions(), "");
+  EXPECT_EQ(noted(), "");
+  EXPECT_EQ(machine.output.bytes(kCutOff), whole);
+}
+
+TEST_F(Unfinished, OneThatGrewBehindItsHeaderIsAskedFor) {
+  // The server went away after two halves, came back, and the machine was switched off.
+  machine.bytes.put(kCutOff,
+                    model::header(2 * model::kHalf + 44, 2 * model::kHalf) + model::halves(3));
+  machine.dialogs.answer(Answer::Yes);
+  section.offerRepair();
+  EXPECT_EQ(machine.output.bytes(kCutOff),
+            model::header(3 * model::kHalf + 44, 3 * model::kHalf) + model::halves(3));
+}
+
 TEST_F(Unfinished, AFileThatHoldsNoSoundIsSaidSo) {
   machine.bytes.put(kCutOff, model::header(0, 0));
   machine.dialogs.answer(Answer::Yes);

@@ -14,6 +14,21 @@ inline std::string number(std::uint32_t value, int width) {
   return text;
 }
 
+/// The number that stands at a place of a file.
+inline std::uint32_t numberAt(const std::string& bytes, std::size_t place) {
+  std::uint32_t value = 0;
+  for (std::size_t i = 4; i-- > 0;)
+    value = value << 8 | static_cast<unsigned char>(bytes[place + i]);
+  return value;
+}
+
+/// Whether a file's two sizes and its length go together, with a sample of zero behind each piece.
+inline bool isWhole(const std::string& bytes) {
+  const std::int64_t riff = numberAt(bytes, 4), data = numberAt(bytes, 40);
+  const std::int64_t extra = static_cast<std::int64_t>(bytes.size()) - 44 - data;
+  return riff == data + 44 && extra >= 2 && extra % 2 == 0 && extra <= 2 * (data / kHalf + 1);
+}
+
 /// Sample number n of the sound that tests capture; no two neighbours, rounds or halves alike.
 inline std::int16_t sampleNumber(std::int64_t n) {
   const auto mixed = static_cast<std::uint64_t>(n + 1) * 0x9E3779B97F4A7C15u;

@@ -251,7 +251,7 @@ TEST_F(WaveRepair, ACopyMayBeGivenUpBetweenBlocks) {
 
 TEST_F(WaveRepair, TheShellIsToldWhatBecameOfIt) {
   const auto answer = [&](std::vector<std::string> words) {
-    return answerWaveCommand(words, machine.bytes, machine.output);
+    return answerWaveCommand(words, machine.bytes, machine.output, machine.settings);
   };
   EXPECT_FALSE(answer({}));
   EXPECT_FALSE(answer({"song.mp3,2"}));
@@ -266,6 +266,28 @@ TEST_F(WaveRepair, TheShellIsToldWhatBecameOfIt) {
   EXPECT_EQ(answer({"--repair"})->exitCode, 2);
   EXPECT_EQ(answer({"--repair", "a", "b"})->exitCode, 2);
   EXPECT_EQ(answer({"--standard", "a"})->exitCode, 2);
+}
+
+TEST_F(WaveRepair, WhatTheShellRepairedIsNoLongerNotedAsUnfinished) {
+  const auto repairByShell = [this] {
+    const std::vector<std::string> words = {"--repair", kTake};
+    return answerWaveCommand(words, machine.bytes, machine.output, machine.settings)->exitCode;
+  };
+  put(recorded(0, 0, 2));
+  unfinished.remember("C:\\Takes\\another.wav");
+  EXPECT_EQ(repairByShell(), 0);
+  EXPECT_EQ(unfinished.path(), "C:\\Takes\\another.wav");
+  unfinished.remember(kTake);
+  machine.output.lock(kTake);  // whole for now, but another player writes on
+  EXPECT_EQ(repairByShell(), 0);
+  EXPECT_EQ(unfinished.path(), kTake);
+  machine.output.unlock(kTake);
+  EXPECT_EQ(repairByShell(), 0);
+  EXPECT_EQ(unfinished.path(), "");
+  put("no recording");
+  unfinished.remember(kTake);
+  EXPECT_EQ(repairByShell(), 1);
+  EXPECT_EQ(unfinished.path(), kTake);
 }
 
 }  // namespace

@@ -47,6 +47,29 @@ TEST(WindowsOutput, NobodyRemovesWhatIsBeingWritten) {
   EXPECT_EQ(backend.contents("takes\\a.wav"), "1");
 }
 
+TEST(WindowsOutput, AFileThatAnotherProgramHoldsIsNamedAndLeftAlone) {
+  WindowsOutputBackend backend;
+  backend.addFile("a.wav", "theirs");
+  const std::string path = backend.path("a.wav");
+  {
+    const windows::SystemHandle theirs(CreateFileW(windows::systemPath(path).c_str(), GENERIC_READ,
+                                                   FILE_SHARE_READ, nullptr, OPEN_EXISTING, 0,
+                                                   nullptr));
+    ASSERT_TRUE(theirs);
+    for (const bool anew : {true, false}) {
+      try {
+        anew ? backend.output().create(path) : backend.output().reopen(path);
+        FAIL() << "taken";
+      } catch (const platform::Failure& failure) {
+        EXPECT_EQ(std::string(failure.what()).find(path + ": "), 0U) << failure.what();
+      }
+    }
+  }
+  EXPECT_EQ(backend.contents("a.wav"), "theirs");
+  backend.output().create(path)->append(asBytes("mine"));
+  EXPECT_EQ(backend.contents("a.wav"), "mine");
+}
+
 TEST(WindowsOutput, OthersMayListenToWhatIsBeingWritten) {
   WindowsOutputBackend backend;
   const auto file = backend.output().create(backend.path("a.wav"));

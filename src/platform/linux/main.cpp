@@ -1,6 +1,7 @@
 // The Linux program: its machine, and the player on it.
 
 #include <algorithm>
+#include <csignal>
 #include <cstdio>
 #include <optional>
 #include <string>
@@ -59,7 +60,8 @@ std::optional<int> answeredWithoutAPlayer(int argc, char** argv) {
   if (words.empty() || !recording::isWaveCommand(words[0])) return std::nullopt;
   const system::PosixByteFiles bytes;
   system::PosixOutputFiles output;
-  const auto answer = recording::answerWaveCommand(words, bytes, output);
+  system::IniSettingsStore settings;
+  const auto answer = recording::answerWaveCommand(words, bytes, output, settings);
   std::fprintf(answer->exitCode == 0 ? stdout : stderr, "%s\n", answer->text.c_str());
   return answer->exitCode;
 }
@@ -99,6 +101,8 @@ int runPlayer(int argc, char** argv, const std::string& commandLine) {
 }  // namespace
 
 int main(int argc, char** argv) {
+  // A limit on the size of files is a full disk, not the end of the program.
+  std::signal(SIGXFSZ, SIG_IGN);
   const std::string commandLine = commandLineOf(argc, argv);
   if (answeredInTheShell(commandLine)) return 0;
   if (const auto exitCode = answeredWithoutAPlayer(argc, argv)) return *exitCode;

@@ -1,5 +1,7 @@
 #include "platform/simulated/simulated_capture.h"
 
+#include <algorithm>
+
 namespace nerolith::platform::simulated {
 
 class SimulatedCapture::Buffer : public CaptureBuffer {
@@ -34,8 +36,18 @@ class SimulatedCapture::Buffer : public CaptureBuffer {
     if (start < 0 || start >= bytes_ || bytes < 0 || bytes > bytes_ ||
         samples.size() < static_cast<std::size_t>(bytes) / 2)
       capture_.doorway_.refuse("The capture buffer has no such place.");
-    for (std::int32_t i = 0; i < bytes / 2; ++i)
-      samples[static_cast<std::size_t>(i)] = sampleAt((start / 2 + i) % (bytes_ / 2));
+    const auto wanted = samples.first(static_cast<std::size_t>(bytes) / 2);
+    std::fill(wanted.begin(), wanted.end(), std::int16_t{0});
+    if (!capture_.sound_) return;
+    const std::int64_t size = bytes_ / 2;
+    const std::int64_t end = arrived() * format_.channels;
+    // The last sample that was written to the first place; each further one, until that of the end.
+    std::int64_t sample = end - 1 - ((end - 1 - start / 2) % size + size) % size;
+    for (std::int16_t& place : wanted) {
+      if (sample >= end) sample -= size;
+      if (sample >= 0) place = capture_.sound_(sample);
+      ++sample;
+    }
   }
 
  private:
@@ -44,13 +56,6 @@ class SimulatedCapture::Buffer : public CaptureBuffer {
     const auto length =
         captured_ + (running_ ? capture_.present() - began_ : Timeline::Duration{0});
     return length.count() * format_.samplesPerSecond / 1'000'000'000;
-  }
-  std::int16_t sampleAt(std::int64_t place) const {
-    const std::int64_t size = bytes_ / 2;
-    const std::int64_t end = arrived() * format_.channels;
-    // The last sample that was written to this place.
-    const std::int64_t sample = end - 1 - ((end - 1 - place) % size + size) % size;
-    return sample < 0 || !capture_.sound_ ? std::int16_t{0} : capture_.sound_(sample);
   }
   void rest() {
     if (!running_) return;

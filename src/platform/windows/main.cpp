@@ -104,7 +104,8 @@ std::optional<int> answeredWithoutAPlayer() {
   const windows::WindowsFileSystem files;
   const windows::WindowsByteFiles bytes(files);
   windows::WindowsOutputFiles output(files);
-  const auto answer = recording::answerWaveCommand(words, bytes, output);
+  windows::RegistryStore settings;
+  const auto answer = recording::answerWaveCommand(words, bytes, output, settings);
   tell(windows::wideText(answer->text));
   return answer->exitCode;
 }
