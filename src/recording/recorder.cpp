@@ -53,6 +53,12 @@ std::int32_t runningPeak(const std::vector<std::int16_t>& samples) {
   return peak;
 }
 
+/// Who reads it sees the file's name beside it.
+std::string withoutName(const std::string& reason, const std::string& name) {
+  const std::string front = name + ": ";
+  return reason.starts_with(front) ? reason.substr(front.size()) : reason;
+}
+
 }  // namespace
 
 recordsound2file::recordsound2file(const Doors& doors) : doors_(doors) { InitDevices(); }
@@ -177,8 +183,10 @@ void recordsound2file::FinishWaveFile() {
   finishedFile_ = std::exchange(fileName_, {});
   file_.reset();
   if (!patched || !closed) noted_ = false;  // the note stays for the next start
-  if (!appended && patched) fileTrouble_ += ". The end of the recording is missing.";
-  if (!patched || !closed) fileTrouble_ += ". The recording was stopped, but not finished.";
+  if (!patched || !closed)
+    fileTrouble_ = "The recording was stopped, but not finished: " + fileTrouble_;
+  else if (!appended)
+    fileTrouble_ = "The end of the recording is missing: " + fileTrouble_;
 }
 
 /// What arrived since the last half was moved.
@@ -207,7 +215,7 @@ void recordsound2file::patchSizes() {
 void recordsound2file::endInTrouble(const std::string& reason) {
   writing_ = false;
   endedByTrouble_ = true;
-  fileTrouble_ = reason;
+  fileTrouble_ = withoutName(reason, fileName_);
   const bool whole = base::goOn([this] {
     patchSizes();
     file_->close();
@@ -216,8 +224,8 @@ void recordsound2file::endInTrouble(const std::string& reason) {
   finishedFile_ = std::exchange(fileName_, {});
   if (whole) forgetNote();
   noted_ = false;
-  fileTrouble_ += whole ? ". The recording has ended; what was recorded until then is kept."
-                        : ". The recording has ended, and its file could not be finished.";
+  fileTrouble_ = (whole ? "The recording has ended: " : "The recording has ended, unfinished: ") +
+                 fileTrouble_;
 }
 
 /// A start in the middle of a recording: its file stays behind as it is, but whole.
@@ -238,7 +246,7 @@ bool recordsound2file::tried(Step&& step) {
     step();
     return true;
   } catch (const platform::Failure& failure) {
-    if (fileTrouble_.empty()) fileTrouble_ = failure.what();
+    if (fileTrouble_.empty()) fileTrouble_ = withoutName(failure.what(), fileName_);
     return false;
   }
 }

@@ -27,10 +27,10 @@ inline constexpr int kFolderX = 500, kFolderY = 283;
 inline constexpr int kSectionX = 236;  // its middle
 inline constexpr int kChooseY = 125, kRecordY = 203, kFadeStopY = 244;
 inline constexpr int kMegabytesX = 159, kMegabytesY = 284;
-inline constexpr int kHowToY = 345, kVolumesY = 385;
+inline constexpr int kHowToY = 355, kVolumesY = 395;
 inline constexpr int kCalibrateX = 370, kCalibrateY = 72;
-inline constexpr int kSectionNoticeX = 14, kSectionNoticeY = 420;
-inline constexpr int kSectionNoticeWidth = 300, kSectionNoticeHeight = 24;
+inline constexpr int kSectionNoticeX = 14, kSectionNoticeY = 430;
+inline constexpr int kSectionNoticeWidth = 300, kSectionNoticeHeight = 20;
 inline constexpr int kExitX = 412, kExitY = 472;
 
 }  // namespace nerolith::endtoend::places

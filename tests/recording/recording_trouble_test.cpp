@@ -14,7 +14,7 @@ TEST_F(RecordingTest, AFullDiskEndsTheRecordingAndSaysSoInTheWindow) {
   machine.advance(3s);
   EXPECT_FALSE(section.recording());
   EXPECT_FALSE(form().Timer2.enabled());
-  EXPECT_NE(form().notice.caption(), "");
+  EXPECT_EQ(form().notice.caption(), "The recording has ended: the disk is full");
   EXPECT_EQ(asked(), "");  // no message box, and the player plays on
   EXPECT_EQ(form().outcome.caption(), "Recorded 0.3 MB");
 }
@@ -47,7 +47,7 @@ TEST_F(RecordingTest, AFolderThatIsRemovedEndsTheRecordingAndSaysSoInTheWindow) 
   machine.files.remove(kFile);
   machine.advance(3s);
   EXPECT_FALSE(section.recording());
-  EXPECT_NE(form().notice.caption().find("The recording has ended"), std::string::npos);
+  EXPECT_EQ(form().notice.caption(), "The recording has ended, unfinished: no such file");
   EXPECT_EQ(asked(), "");
 }
 
@@ -57,7 +57,8 @@ TEST_F(RecordingTest, AFileThatAnotherProgramTakesCanBeRepairedOnceItIsLetGo) {
   machine.output.lock(kFile);
   machine.advance(3s);
   EXPECT_FALSE(section.recording());
-  EXPECT_NE(form().notice.caption().find("held by another program"), std::string::npos);
+  EXPECT_EQ(form().notice.caption(),
+            "The recording has ended, unfinished: is held by another program");
   EXPECT_EQ(asked(), "");
   machine.output.unlock(kFile);
   machine.dialogs.answer(Answer::Yes);

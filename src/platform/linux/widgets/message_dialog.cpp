@@ -15,7 +15,9 @@ using platform::MessageButtons;
 using platform::MessageIcon;
 
 constexpr int kSign = 36;
+/// What comes in one go is wrapped early; a text that was set in lines keeps to them.
 constexpr int kWidestText = 420;
+constexpr int kWidestLines = 820;
 
 /// What kind of message it is, for the eye: an exclamation mark or an "i" on a disc.
 class Sign : public QWidget {
@@ -51,9 +53,11 @@ QLabel* textOf(const platform::Message& message, QWidget* parent) {
   auto* words = new QLabel(QString::fromStdString(message.text), parent);
   words->setTextFormat(Qt::PlainText);
   words->setFont(theme::fontFor(controls::Look::SongList));
-  if (words->sizeHint().width() > kWidestText) {
+  const bool inLines = message.text.find('\n') != std::string::npos;
+  const int widest = inLines ? kWidestLines : kWidestText;
+  if (words->sizeHint().width() > widest) {
     words->setWordWrap(true);
-    words->setFixedWidth(kWidestText);
+    words->setFixedWidth(widest);
   }
   return words;
 }
