@@ -16,7 +16,8 @@ class FileSystem {
 
   /// '\\' or '/'.
   virtual char separator() const = 0;
-  /// Folder of the running program, without a separator at its end (unless it is a root).
+  /// Folder of the running program, or where its installation put what came with it; without a
+  /// separator at its end (unless it is a root).
   virtual std::string programFolder() const = 0;
   /// Folder for the user's own additions (a skin), which may not exist; never fails.
   virtual std::string userDataFolder() const = 0;

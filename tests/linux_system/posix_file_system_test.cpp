@@ -154,6 +154,20 @@ TEST(PosixFileSystem, TheProgramsFolderIsTheOneItRunsFrom) {
   EXPECT_EQ(PosixFileSystem().programFolder(), program.parent_path().string());
 }
 
+TEST(PosixFileSystem, WhatCameWithAnInstalledProgramLiesInItsShare) {
+  const ScratchFolder scratch;
+  for (const char* folder : {"usr/bin", "usr/lib", "usr/share/velmarion"})
+    std::filesystem::create_directories(scratch.path(folder));
+  EXPECT_EQ(companionsFolder(scratch.path("usr/bin")), scratch.path("usr/share/velmarion"));
+  EXPECT_EQ(companionsFolder(scratch.path("usr/lib")), scratch.path("usr/lib"));
+}
+
+TEST(PosixFileSystem, AProgramInABinFolderWithoutAShareHasItAllBesideItself) {
+  const ScratchFolder scratch;
+  std::filesystem::create_directories(scratch.path("bin"));
+  EXPECT_EQ(companionsFolder(scratch.path("bin")), scratch.path("bin"));
+}
+
 class UserFolders : public ::testing::Test {
  protected:
   static void set(const char* name, const char* value) {

@@ -57,7 +57,7 @@ std::string PosixFileSystem::programFolder() const {
   const ssize_t length = readlink("/proc/self/exe", path.data(), path.size());
   if (length <= 0) throwSystemFailure("/proc/self/exe");
   path.resize(static_cast<std::size_t>(length));
-  return path.substr(0, std::max<std::size_t>(path.rfind('/'), 1));
+  return companionsFolder(path.substr(0, std::max<std::size_t>(path.rfind('/'), 1)));
 }
 
 std::string PosixFileSystem::userDataFolder() const { return dataFolder(); }

@@ -4,6 +4,7 @@
 #include <unistd.h>
 
 #include <cstdlib>
+#include <filesystem>
 
 namespace nerolith::system {
 namespace {
@@ -40,5 +41,13 @@ std::string homeFolder() {
 std::string configFolder() { return ownFolder("XDG_CONFIG_HOME", "/.config"); }
 
 std::string dataFolder() { return ownFolder("XDG_DATA_HOME", "/.local/share"); }
+
+std::string companionsFolder(const std::string& programFolder) {
+  const std::filesystem::path folder(programFolder);
+  if (folder.filename() != "bin") return programFolder;
+  const std::string shared = folder.parent_path() / "share" / &kOwnFolder[1];
+  std::error_code error;
+  return std::filesystem::is_directory(shared, error) ? shared : programFolder;
+}
 
 }  // namespace nerolith::system
