@@ -170,6 +170,24 @@ window '^Settings$' >/dev/null
 sleep 0.5
 picture settings '^Settings$'
 xdotool windowclose "$(window '^Settings$')"
+sleep 0.5
+
+xdotool windowfocus --sync "$main"
+keys F1 alt+a
+window '^Add selected files to playlist' >/dev/null
+sleep 0.5
+xdotool type --delay 20 "$music/Sunday evening.m3u"
+keys Return
+window 'Sunday evening.m3u$' >/dev/null
+sleep 0.5
+keys Down Down
+sleep 0.3
+keys Return
+sleep 0.5
+screen_picture editor 'Sunday evening.m3u$'
+keys Escape
+sleep 0.3
+keys Escape
 close_player
 
 open_player "$music/Evenings/Blue hour on the harbour.mp3,2"
