@@ -11,6 +11,8 @@ fi
 program=$1 out=$2
 mount -t tmpfs tmpfs /home
 HOME=/home/anna
+mkdir $HOME
+mount -t tmpfs tmpfs $HOME
 export HOME
 private=$(mktemp -d)
 music=$HOME/Music
@@ -45,8 +47,10 @@ picture() {
     import -window "$(window "$2")" -strip +dither -colors 255 "PNG8:$out/$1.png"
 }
 screen_picture() {
-    eval "$(xdotool getwindowgeometry --shell "$(window "$2")")"
-    import -window root -crop "${WIDTH}x$HEIGHT+$X+$Y" +repage -strip +dither -colors 255 \
+    place=$(xwininfo -id "$(window "$2")" | awk '
+        /Absolute upper-left X/ { x = $NF } /Absolute upper-left Y/ { y = $NF }
+        /Width:/ { width = $NF } /Height:/ { print width "x" $NF "+" x "+" y }')
+    import -window root -crop "$place" +repage -strip +dither -colors 255 \
         "PNG8:$out/$1.png"
 }
 close_player() {
@@ -63,12 +67,21 @@ open_player() {
     xdotool windowfocus --sync "$main"
 }
 keys() { xdotool key --clearmodifiers --delay 60 "$@"; }
-# click X Y [BUTTON] in the main window
+# click X Y [BUTTON] in the main window; click_section X Y in the recording section's
 click() { xdotool mousemove --window "$main" "$1" "$2" click "${3:-1}"; }
+click_section() { xdotool mousemove --window "$section" "$1" "$2" click 1; }
 
-mkdir -p "$music/Evenings" "$music/Mornings" "$music/On the road" "$music/Winter" \
+# Both decks are heard: the levels of both begin to be lit.
+mixing() {
+    import -window "$main" "$private/now.png"
+    for x in 306 424; do
+        convert "$private/now.png" -format "%[fx:p{$x,121}.intensity > 0.2]" info: | grep -q 1 || return 1
+    done
+}
+
+mkdir -p "$music/Evenings/Autumn" "$music/Evenings/By the sea" "$music/Evenings/Winter" \
     "$XDG_CONFIG_HOME/velmarion"
-ffmpeg -nostdin -loglevel error -f lavfi -i 'sine=220:duration=214' -filter:a volume=0.5 \
+ffmpeg -nostdin -loglevel error -f lavfi -i 'sine=220:duration=214' -filter:a volume=4.8 \
     -ac 2 -ar 44100 -b:a 48k "$private/song.mp3"
 ffmpeg -nostdin -loglevel error -i "$private/song.mp3" -b:a 64k "$private/song.wma"
 while read -r name; do
@@ -137,10 +150,11 @@ for song in 1 2 3; do
     sleep 0.6
 done
 sleep 6
-picture playing '^Nerolith$'
-# The slider, at its half.
-click 300 192
-sleep 1.2
+# The slider, near its half; and back to the top of the list.
+click 330 194
+sleep 0.3
+xdotool mousemove --window "$main" 400 450 click --repeat 20 --delay 20 4
+sleep 1
 picture playing '^Nerolith$'
 click 100 283
 sleep 0.6
@@ -148,16 +162,20 @@ screen_picture folders '^Nerolith$'
 keys Escape
 sleep 0.3
 # Into the last seconds before the mix.
-eval "$(xdotool getwindowgeometry --shell "$main")"
-xdotool mousemove --window "$main" $((WIDTH - 40)) 192 click 1
-sleep 12
+click 770 194
+sleep 0.3
+xdotool mousemove --window "$main" 400 450 click --repeat 20 --delay 20 4
+wait_for mixing
+sleep 2
 picture mixing '^Nerolith$'
 
 keys F1
 sleep 0.3
-click 740 238
+click 260 420 3
 sleep 0.5
-keys Down Right
+keys Down
+sleep 0.3
+keys Right
 sleep 0.5
 screen_picture menu '^Nerolith$'
 keys Escape Escape Escape
@@ -195,8 +213,18 @@ sleep 1
 click 740 238
 sleep 0.4
 keys Up Up Return
-window '^Nerolith recording section$' >/dev/null
+section=$(window '^Nerolith recording section$')
 sleep 1
+click_section 236 125
+window '^Select Filename to record to' >/dev/null
+sleep 0.5
+xdotool type --delay 20 "$music/Evening at home.wav"
+keys Return
+sleep 0.5
+click_section 159 284
+xdotool type --delay 20 650
+click_section 236 203
+sleep 8
 picture recording '^Nerolith recording section$'
 close_player
 ls -l "$out"
