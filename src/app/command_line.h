@@ -23,7 +23,8 @@ struct CommandLine {
 /// that is no whole number leaves Single.
 CommandLine parseCommandLine(std::string_view text);
 
-/// The same text read as a name that has commas itself: all of it, then all before a mode at its end.
+/// The same text read as a name that has commas itself: all of it, then what is before a mode at
+/// its end.
 std::vector<CommandLine> readingsWithCommas(std::string_view text);
 
 /// Whether a file name ends in ".m3u", in capitals or not: such a file is imported.
