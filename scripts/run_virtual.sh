@@ -104,7 +104,7 @@ if kill -0 $player 2>/dev/null; then
     else
         kill $player
     fi
-    wait $player || true
+    wait $player 2>/dev/null || true
 else
     wait $player || result=$?
     echo "The player ended by itself with exit code $result." >&2

@@ -56,7 +56,7 @@ screen_picture() {
 close_player() {
     xdotool windowclose "$(window '^Nerolith$')" || true
     kill "$player" 2>/dev/null || true
-    wait "$player" || true
+    wait "$player" 2>/dev/null || true
 }
 open_player() {
     "$program" "$@" 2>"$private/player.log" &
