@@ -52,14 +52,6 @@ CommandLine parseCommandLine(std::string_view text) {
   return line;
 }
 
-std::vector<CommandLine> readingsWithCommas(std::string_view text) {
-  std::vector<CommandLine> readings = {{std::string(text), "1"}};
-  const auto last = text.rfind(',');
-  if (last != text.npos && namesMode(text.substr(last + 1)))
-    readings.push_back({std::string(text.substr(0, last)), modeOf(text.substr(last + 1))});
-  return readings;
-}
-
 bool namesPlaylist(std::string_view fileName) {
   return fileName.size() > 4 && base::foldCase(fileName.substr(fileName.size() - 4)) == ".m3u";
 }

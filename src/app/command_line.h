@@ -3,7 +3,6 @@
 
 #include <string>
 #include <string_view>
-#include <vector>
 
 namespace nerolith::app {
 
@@ -22,10 +21,6 @@ struct CommandLine {
 /// item that is a number greater than 0 and less than 4 is the mode, and there is no file. A mode
 /// that is no whole number leaves Single.
 CommandLine parseCommandLine(std::string_view text);
-
-/// The same text read as a name that has commas itself: all of it, then what is before a mode at
-/// its end.
-std::vector<CommandLine> readingsWithCommas(std::string_view text);
 
 /// Whether a file name ends in ".m3u", in capitals or not: such a file is imported.
 bool namesPlaylist(std::string_view fileName);

@@ -71,7 +71,7 @@ void StartUp::stirRandomNumbers() {
 }
 
 void StartUp::begin(const std::string& commandLine) {
-  if (!commandLine.empty()) return follow(understood(commandLine));
+  if (!commandLine.empty()) return follow(parseCommandLine(commandLine));
   if (settingsAbsent_) goOn([this] { parts_.stored.saveAll(parts_.browser.folder()); });
   goOn([this] { reopenLastPlaylist(); });
   if (parts_.live.modeCode != "1") goOn([this] { parts_.player.speelvolgendeknop(); });
@@ -81,26 +81,6 @@ void StartUp::reopenLastPlaylist() {
   const std::string playlist = parts_.stored.readPlaylist();
   if (!playlist.empty() && machine_.files.fileExists(playlist))
     parts_.neighbours.playlists.openPlaylist(playlist);
-}
-
-/// A file manager hands names over as they are: one with commas is taken whole if it is there, and
-/// what the text means when it is split is not.
-CommandLine StartUp::understood(const std::string& commandLine) const {
-  const CommandLine line = parseCommandLine(commandLine);
-  const bool split = commandLine.find(',') != commandLine.npos;
-  if (!split || line.fileName.empty() || exists(line.fileName)) return line;
-  for (const CommandLine& whole : readingsWithCommas(commandLine))
-    if (exists(whole.fileName)) return whole;
-  return line;
-}
-
-bool StartUp::exists(const std::string& fileName) const {
-  bool found = false;
-  goOn([&] {
-    const std::string path = wholePath(fileName);
-    found = machine_.files.fileExists(path) || machine_.files.folderExists(path);
-  });
-  return found;
 }
 
 void StartUp::follow(const CommandLine& line) {

@@ -50,8 +50,6 @@ class StartUp {
   void tickMode(const std::string& modeCode);
   void stirRandomNumbers();
 
-  CommandLine understood(const std::string& commandLine) const;
-  bool exists(const std::string& fileName) const;
   void follow(const CommandLine& line);
   std::string wholePath(const std::string& fileName) const;
   void openFolderOf(const std::string& fileName);

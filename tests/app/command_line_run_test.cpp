@@ -84,24 +84,6 @@ TEST_F(CommandLineRun, ARelativePathCountsFromWhereTheProgramWasStarted) {
   EXPECT_EQ(playing(), "b.mp3");
 }
 
-TEST_F(CommandLineRun, ANameWithCommasIsTakenWholeWhenItIsThere) {
-  machine.files.addFile("D:\\music\\Lost, found.mp3", {.duration = 30});
-  start("D:\\music\\Lost, found.mp3");
-  EXPECT_EQ(playing(), "Lost, found.mp3");
-  EXPECT_TRUE(form().Option1.value());
-  program.reset();
-  start("D:\\music\\Lost, found.mp3,2");
-  EXPECT_EQ(playing(), "Lost, found.mp3");
-  EXPECT_TRUE(form().Option2.value());
-}
-
-TEST_F(CommandLineRun, WhatTheSplitTextNamesGoesBeforeANameWithCommas) {
-  machine.files.addFile("D:\\music\\z.mp3,2", {.duration = 30});
-  start("D:\\music\\z.mp3,2");
-  EXPECT_EQ(playing(), "z.mp3");
-  EXPECT_TRUE(form().Option2.value());
-}
-
 TEST_F(CommandLineRun, OddTextsEndInAUsablePlayer) {
   for (const char* text :
        {",3", "4", ",", ",,,,", "Q:\\nowhere\\a.mp3,2", "\\", "   ", "\xFF\xFE"}) {
