@@ -25,7 +25,8 @@ std::vector<FallingStep> lastFade(const RecordedWave& wave, double hertz, double
   return fallingSteps(envelopeOf(wave.sound, hertz, from, wave.seconds()), from, wave.seconds());
 }
 
-/// The file ends half a second behind a fade of two.
+/// The file ends half a second behind a fade of two, which begins up to a tick before its first
+/// step; what the server still holds at the stop is not captured. Measured: 2.21 to 2.33 s.
 void expectEndBehindFade(const RecordedWave& wave, const std::vector<FallingStep>& steps,
                          Complaints& complaints, std::vector<std::string>& figures) {
   // 50 dB in 2 s: 2.38 dB each tenth of a second, as many as are above the noise.
@@ -33,7 +34,7 @@ void expectEndBehindFade(const RecordedWave& wave, const std::vector<FallingStep
   if (steps.empty()) return;
   const double end = wave.seconds() - steps.front().at;
   figures.push_back(figure("from the first step to the end", end, "s"));
-  expect(std::abs(end - 2.5) < 0.4, "the file does not end half a second behind the fade",
+  expect(std::abs(end - 2.3) < 0.4, "the file does not end half a second behind the fade",
          complaints);
 }
 

@@ -63,6 +63,7 @@ Outcome messagesAndCalibration() {
   it.open({.mode = 1, .mixLead = 4, .fadeLength = 2});
   Complaints complaints;
   it.stage.desktop.screenshot(kPictures / "recording-idle.png");
+  expect(!it.section->showsLevel(), "the meter shows a level in silence", complaints);
   seeMessage(
       it.stage, [&] { it.section->howTo(); }, "recording-how-to", complaints);
   seeMessage(
@@ -70,7 +71,8 @@ Outcome messagesAndCalibration() {
   seeMessage(
       it.stage, [&] { it.section->calibrate(); }, "recording-calibration", complaints);
   expect(it.stage.recording->waitForTone(kToneHertz, 5), "no tone is heard", complaints);
-  pauseFor(0.5);
+  expect(waitUntil(5, [&] { return it.section->showsLevel(); }), "the meter does not show the tone",
+         complaints);
   it.stage.desktop.screenshot(kPictures / "recording-calibrating.png");
   expect(it.start(), "the song is not heard", complaints);
   expect(it.holdsHalves(1, 10), "the file does not grow", complaints);

@@ -69,7 +69,7 @@ void SectionWindow::howTo() const { click(places::kSectionX, places::kHowToY); }
 void SectionWindow::aboutVolumes() const { click(places::kSectionX, places::kVolumesY); }
 void SectionWindow::calibrate() const { click(places::kCalibrateX, places::kCalibrateY); }
 
-Place SectionWindow::place() const {
+double SectionWindow::contrastOf(Place part) const {
   const ScratchFolder scratch;
   const std::string told =
       outputOf(desktop_.command({"xwininfo", "-name", kTitle}), scratch.path());
@@ -77,15 +77,20 @@ Place SectionWindow::place() const {
     const auto found = told.find(name + ":");
     return found == told.npos ? 0 : std::atoi(told.c_str() + found + name.size() + 1);
   };
-  return {number("Absolute upper-left X"), number("Absolute upper-left Y"), number("Width"),
-          number("Height")};
+  part.x += number("Absolute upper-left X");
+  part.y += number("Absolute upper-left Y");
+  return contrastRatio(grab(desktop_, part));
 }
 
 double SectionWindow::noticeContrast() const {
-  const Place window = place();
-  return contrastRatio(
-      grab(desktop_, {window.x + places::kSectionNoticeX, window.y + places::kSectionNoticeY,
-                      places::kSectionNoticeWidth, places::kSectionNoticeHeight}));
+  return contrastOf({places::kSectionNoticeX, places::kSectionNoticeY, places::kSectionNoticeWidth,
+                     places::kSectionNoticeHeight});
+}
+
+bool SectionWindow::showsLevel() const {
+  constexpr double kLit = 3;  // against the gaps between the lamps
+  return contrastOf({places::kMeterX, places::kMeterY, places::kMeterWidth, places::kMeterHeight}) >
+         kLit;
 }
 
 bool SectionWindow::shown() const { return player_.showsTitle(kTitle); }

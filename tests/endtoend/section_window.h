@@ -28,9 +28,12 @@ class SectionWindow {
   bool shown() const;
   /// How well the line stands out in which it says what is wrong; see `contrastRatio`.
   double noticeContrast() const;
+  /// Whether the meter is lit at its beginning.
+  bool showsLevel() const;
 
  private:
-  Place place() const;
+  /// The contrast of a part of the window.
+  double contrastOf(Place part) const;
   void click(int x, int y) const;
   void tool(std::vector<std::string> words) const;
 

@@ -29,6 +29,7 @@ inline constexpr int kChooseY = 125, kRecordY = 203, kFadeStopY = 244;
 inline constexpr int kMegabytesX = 159, kMegabytesY = 284;
 inline constexpr int kHowToY = 355, kVolumesY = 395;
 inline constexpr int kCalibrateX = 370, kCalibrateY = 72;
+inline constexpr int kMeterX = 60, kMeterY = 30, kMeterWidth = 60, kMeterHeight = 14;
 inline constexpr int kSectionNoticeX = 14, kSectionNoticeY = 430;
 inline constexpr int kSectionNoticeWidth = 300, kSectionNoticeHeight = 20;
 inline constexpr int kExitX = 412, kExitY = 472;
