@@ -41,7 +41,7 @@ struct Window {
     platform::Machine mixed = simulated.doors();
     return {mixed.graphs,  files,        mixed.settings, mixed.dialogs, mixed.pictures,
             mixed.clock,   mixed.events, windows,        bytes,         encoding,
-            mixed.capture, mixed.tone,   mixed.output};
+            mixed.capture, mixed.tone,   mixed.output,   mixed.media,   mixed.power};
   }
   void paint() {
     QApplication::processEvents();

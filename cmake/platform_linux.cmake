@@ -21,7 +21,7 @@ if(NOT NEROLITH_PROGRAM)
   return()
 endif()
 
-find_package(Qt6 REQUIRED COMPONENTS Widgets)
+find_package(Qt6 REQUIRED COMPONENTS DBus Widgets)
 nerolith_sources(widget_sources platform/linux/widgets)
 nerolith_layer(nerolith_linux_widgets SOURCES ${widget_sources} USES nerolith_core Qt6::Widgets)
 if(widget_sources)
@@ -29,6 +29,11 @@ if(widget_sources)
   target_compile_options(nerolith_linux_widgets PRIVATE -fpch-preprocess)
   target_precompile_headers(nerolith_linux_widgets PRIVATE <QtWidgets>)
 endif()
+
+# What the player is to the rest of the desktop: media controls and sleep, by messages on its buses.
+nerolith_sources(desktop_sources platform/linux/desktop)
+nerolith_layer(nerolith_linux_desktop SOURCES ${desktop_sources} USES nerolith_core Qt6::DBus)
+set_target_properties(nerolith_linux_desktop PROPERTIES AUTOMOC ON)
 
 # The decoders and the sound server's library live in a module of their own: the window is up
 # before any of them is loaded.
@@ -45,7 +50,7 @@ set(program_main "${CMAKE_SOURCE_DIR}/src/platform/linux/main.cpp")
 if(EXISTS "${program_main}")
   add_executable(velmarion "${program_main}")
   target_link_libraries(velmarion PRIVATE nerolith_core nerolith_linux_system
-                                          nerolith_linux_widgets)
+                                          nerolith_linux_desktop nerolith_linux_widgets)
   set_target_properties(velmarion PROPERTIES RUNTIME_OUTPUT_DIRECTORY "${NEROLITH_OUTPUT_DIR}")
   target_link_options(velmarion PRIVATE -Wl,-O1,--as-needed,-z,relro)
   if(TARGET velmarion-sound)

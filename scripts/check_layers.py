@@ -43,8 +43,9 @@ DIRECT_INCLUDES = {
 
 # Where the headers of a toolkit or a system are at home: (pattern, folders of src/, of tests/).
 HOMES = (
-    (r"Q[A-Z]\w*(/\w+)?|Qt\w+/.*", ("platform/linux/widgets", "platform/linux/main.cpp"),
-     ("linux_widgets",)),
+    (r"Q[A-Z]\w*(/\w+)?|Qt\w+/.*", ("platform/linux/widgets", "platform/linux/desktop",
+                                       "platform/linux/main.cpp"),
+     ("linux_widgets", "linux_desktop")),
     (r"(libav\w+|libsw\w+|pulse)/.*|fluidsynth(/.*)?\.h", ("platform/linux/sound",),
      ("linux_sound", "endtoend")),
     (r"(glib|gio|gobject)(/.*)?\.h|glib(-unix|/gstdio)?\.h", ("platform/linux/system",),
@@ -55,7 +56,7 @@ HOMES = (
      ("windows_system", "windows_forms", "windows_program")),
     (r"(unistd|fcntl|dlfcn|dirent|poll|pthread|signal|spawn|mntent|fnmatch|glob|langinfo|iconv|"
      r"pwd|utime|locale)\.h|(sys|linux|netinet|arpa)/.*\.h", ("platform/linux",),
-     ("linux_sound", "linux_system", "linux_widgets", "endtoend")),
+     ("linux_sound", "linux_system", "linux_widgets", "linux_desktop", "endtoend")),
     (r"(gtest|gmock)/.*", (), None),
     (r"benchmark/.*", (), ()),
 )

@@ -58,7 +58,12 @@ Program::Program(const platform::Machine& machine, const StandIns& standIns)
                       [this] { return browser_.folder(); }),
       mainWindow_(form_, menu_, neighbours(), [this] { player_.list1_DblClick(); }),
       startUp_(machine, {form_, live_, stored_, songs_, browser_, player_, neighbours()}),
-      shutDown_(stored_, browser_, neighbours()) {
+      shutDown_(stored_, browser_, neighbours()),
+      remote_(
+          machine.media, form_, player_, machine.files.separator(),
+          {[this] { comeForward(); }, [this](const std::string& path) { startUp_.open(path); }}),
+      awake_(machine.power, form_.Timer1, player_,
+             chosen<player::RecordingLink>(standIns_.recording, recording_)) {
   record_ = menu_.mnuRecord.click.subscribe([this] { recording_.open(); });
   form_.Command7.setEnabled(menu_.showWhatWorks());
   unload_ = form_.form.unload.subscribe([this] { unload(); });
@@ -100,6 +105,25 @@ void Program::start(const std::string& commandLine) {
   form_.form.setVisible(true);
   machine_.events.post([this, commandLine] { startUp_.begin(commandLine); });
   machine_.events.post([this] { base::endQuietly([this] { recording_.offerRepair(); }); });
+  machine_.events.post([this] {
+    if (!ended_) remote_.begin();
+  });
+}
+
+void Program::takeOver(const platform::StartRequest& later) {
+  machine_.events.post([this, later] {
+    if (ended_) return;
+    comeForward();
+    base::goOn([&] { startUp_.beginAgain(later); });
+  });
+}
+
+/// While the playlist editor is open it stands in the main window's place.
+void Program::comeForward() {
+  controls::Form& editor = editor_.form().form_4;
+  controls::Form& window = editor.visible() ? editor : form_.form;
+  window.setVisible(true);
+  window.bringForward();
 }
 
 void Program::unload() {
@@ -108,9 +132,11 @@ void Program::unload() {
   editor_.end();
   settingsWindow_.closeIfOpen();
   form_.Timer1.setEnabled(false);
+  remote_.end();
   recording_.close();
   player_.decks().releaseA();
   player_.decks().releaseB();
+  awake_.end();
   shutDown_.run(startUp_.fileGiven());
   machine_.events.quit();
 }

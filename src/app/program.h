@@ -11,14 +11,17 @@
 #include "app/neighbours.h"
 #include "app/player_for_recording.h"
 #include "app/playlist_work.h"
+#include "app/remote_control.h"
 #include "app/shut_down.h"
 #include "app/start_up.h"
+#include "app/stay_awake.h"
 #include "forms/main_form.h"
 #include "forms/main_menu.h"
 #include "forms/settings_form.h"
 #include "library/folder_browser.h"
 #include "library/recent_scan.h"
 #include "library/song_list.h"
+#include "platform/first_instance.h"
 #include "platform/machine.h"
 #include "player/player.h"
 #include "player/recording_link.h"
@@ -46,6 +49,12 @@ class Program {
 
   /// Restores the last run and shows the window; what makes sound follows once the window is up.
   void start(const std::string& commandLine);
+
+  /// A later start of the program ended in favour of this one: comes to the front and does what
+  /// that one was asked for.
+  void takeOver(const platform::StartRequest& later);
+  /// Shows the window that the user works in, in front of all others.
+  void comeForward();
 
   forms::MainForm& mainForm() { return form_; }
   forms::EditorForm& editorForm() { return editor_.form(); }
@@ -82,6 +91,8 @@ class Program {
   MainWindow mainWindow_;
   StartUp startUp_;
   ShutDown shutDown_;
+  RemoteControl remote_;
+  StayAwake awake_;
   base::Subscription unload_;
   base::Subscription drops_;
   base::Subscription record_;

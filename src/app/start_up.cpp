@@ -71,7 +71,7 @@ void StartUp::stirRandomNumbers() {
 }
 
 void StartUp::begin(const std::string& commandLine) {
-  if (!commandLine.empty()) return follow(parseCommandLine(commandLine));
+  if (!commandLine.empty()) return follow(read(commandLine, startDirectory_));
   if (settingsAbsent_) goOn([this] { parts_.stored.saveAll(parts_.browser.folder()); });
   goOn([this] { reopenLastPlaylist(); });
   if (parts_.live.modeCode != "1") goOn([this] { parts_.player.speelvolgendeknop(); });
@@ -83,6 +83,29 @@ void StartUp::reopenLastPlaylist() {
     parts_.neighbours.playlists.openPlaylist(playlist);
 }
 
+void StartUp::beginAgain(const platform::StartRequest& later) {
+  if (later.commandLine.empty()) return;
+  CommandLine line = read(later.commandLine, later.directory);
+  if (line.asksForUsage()) return;
+  if (!line.fileName.empty()) {
+    const std::string path = wholePath(line.fileName, later.directory);
+    const bool bare = line.fileName.find(machine_.files.separator()) == line.fileName.npos;
+    if (!bare || namesPlaylist(path) || machine_.files.fileExists(path) ||
+        machine_.files.folderExists(path))
+      line.fileName = path;
+  }
+  follow(line);
+}
+
+void StartUp::open(const std::string& path) { follow({path, parts_.live.modeCode}); }
+
+/// A name may have a comma in it: what is there by the whole text is meant by it.
+CommandLine StartUp::read(const std::string& commandLine, const std::string& directory) const {
+  const bool named = commandLine.find(',') != commandLine.npos &&
+                     machine_.files.fileExists(wholePath(commandLine, directory));
+  return named ? CommandLine{commandLine, "1"} : parseCommandLine(commandLine);
+}
+
 void StartUp::follow(const CommandLine& line) {
   goOn([this] { tickMode("1"); });
   goOn([&] { tickMode(line.modeCode); });
@@ -91,10 +114,12 @@ void StartUp::follow(const CommandLine& line) {
     machine_.events.quit();
     return;
   }
-  fileGiven_ = !line.fileName.empty();
+  if (!line.fileName.empty()) fileGiven_ = true;
   bool played = false;
   if (namesPlaylist(line.fileName)) {
-    goOn([&] { parts_.neighbours.playlists.openPlaylist(wholePath(line.fileName)); });
+    goOn([&] {
+      parts_.neighbours.playlists.openPlaylist(wholePath(line.fileName, startDirectory_));
+    });
   } else {
     goOn([&] { openFolderOf(line.fileName); });
     goOn([&] { played = playNamedSong(); });
@@ -102,8 +127,8 @@ void StartUp::follow(const CommandLine& line) {
   if (!played) goOn([this] { startWithoutSong(); });
 }
 
-std::string StartUp::wholePath(const std::string& fileName) const {
-  return absolutePath(fileName, startDirectory_, machine_.files.separator());
+std::string StartUp::wholePath(const std::string& fileName, const std::string& directory) const {
+  return absolutePath(fileName, directory, machine_.files.separator());
 }
 
 /// A bare name leaves the folder as it is; a relative one counts from where the program was
@@ -111,7 +136,7 @@ std::string StartUp::wholePath(const std::string& fileName) const {
 void StartUp::openFolderOf(const std::string& fileName) {
   if (fileName.empty()) return;
   const char separator = machine_.files.separator();
-  std::string path = wholePath(fileName);
+  std::string path = wholePath(fileName, startDirectory_);
   const bool bare = fileName.find(separator) == fileName.npos;
   if (machine_.files.folderExists(path)) {
     if (path.back() != separator) path += separator;

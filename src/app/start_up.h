@@ -8,6 +8,7 @@
 #include "forms/main_form.h"
 #include "library/folder_browser.h"
 #include "library/song_list.h"
+#include "platform/first_instance.h"
 #include "platform/machine.h"
 #include "player/player.h"
 #include "settings/stored_settings.h"
@@ -40,6 +41,14 @@ class StartUp {
   /// the first song.
   void begin(const std::string& commandLine);
 
+  /// A later start of the program handed over what it was asked for: as `begin` with its command
+  /// line, but that relative names, bare ones too, count from the folder of that start. An empty
+  /// command line asks for nothing.
+  void beginAgain(const platform::StartRequest& later);
+
+  /// Opens a file, folder or playlist by its whole path, in the mode that is set.
+  void open(const std::string& path);
+
   /// The command line named a file; the folder is then not remembered at close.
   bool fileGiven() const { return fileGiven_; }
 
@@ -50,8 +59,9 @@ class StartUp {
   void tickMode(const std::string& modeCode);
   void stirRandomNumbers();
 
+  CommandLine read(const std::string& commandLine, const std::string& directory) const;
   void follow(const CommandLine& line);
-  std::string wholePath(const std::string& fileName) const;
+  std::string wholePath(const std::string& fileName, const std::string& directory) const;
   void openFolderOf(const std::string& fileName);
   bool playNamedSong();
   void startWithoutSong();

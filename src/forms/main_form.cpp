@@ -119,6 +119,10 @@ void setAccessibleNames(MainForm& f) {
   f.Label4.setAccessibleName("Total selected playtime");
   f.playtimeBar.setAccessibleName("Songs counted");
   f.Label9.setAccessibleName("Song");
+  f.notice.setAccessibleName("Trouble with the sound");
+  f.mixIn.setAccessibleName("Next mix");
+  f.folderNotice.setAccessibleName("Trouble with the folder");
+  f.playtimeDone.setAccessibleName("Counted so far");
   f.List1.setAccessibleName("Songs");
   f.List1.setEmptyHint("No songs in this folder");
   f.HScroll1.setAccessibleName("Position");

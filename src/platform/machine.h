@@ -8,8 +8,10 @@
 #include "platform/event_queue.h"
 #include "platform/file_system.h"
 #include "platform/filter_graph.h"
+#include "platform/media_controls.h"
 #include "platform/output_file.h"
 #include "platform/picture_loader.h"
+#include "platform/power_request.h"
 #include "platform/settings_store.h"
 #include "platform/sound_capture.h"
 #include "platform/text_encoding.h"
@@ -32,6 +34,8 @@ struct Machine {
   SoundCapture& capture;
   CalibrationTone& tone;
   OutputFiles& output;
+  MediaControls& media;
+  PowerRequest& power;
 };
 
 }  // namespace nerolith::platform

@@ -49,7 +49,9 @@ class Player {
   void speelvolgendeknop() { nextTrack_.speelvolgendeknop(); }
 
   PlayerState& state() { return state_; }
+  const PlayerState& state() const { return state_; }
   Decks& decks() { return decks_; }
+  const Decks& decks() const { return decks_; }
   RandomSource& random() { return random_; }
   Transport& transport() { return transport_; }
   PlayModes& modes() { return modes_; }

@@ -199,12 +199,14 @@ void Transport::sliderScrolled() { state_.sliderDragging = base::kTrue; }
 
 void Transport::sliderChanged() {
   state_.sliderDragging = base::kFalse;
-  if (!base::isSet(state_.sliderIdle)) return;
+  // The slider's whole seconds may round up past the end.
+  if (base::isSet(state_.sliderIdle)) seek(form_.HScroll1.value());
+}
+
+void Transport::seek(double seconds) {
   if (base::isSet(decks_.a.mixLatch) || base::isSet(decks_.b.mixLatch)) return;
-  base::goOn([this] {
-    // The slider's whole seconds may round up past the end.
-    if (Deck* deck = decks_.current())
-      deck->seek(std::min<double>(form_.HScroll1.value(), deck->duration));
+  base::goOn([&] {
+    if (Deck* deck = decks_.current()) deck->seek(std::min(seconds, deck->duration));
   });
 }
 

@@ -56,6 +56,10 @@ class Transport final : public SongStarter {
   /// Command3: focus to the list, then play-next.
   void playNextClick();
 
+  /// Goes on at this place of the current deck's song, in seconds; at its end where it is shorter.
+  /// Nothing while a mix is being triggered, or where the deck cannot.
+  void seek(double seconds);
+
   /// Ends a pause as far as the flag and Command4's caption go.
   void forgetPause();
 

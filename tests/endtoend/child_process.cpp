@@ -66,6 +66,7 @@ Environment neutralEnvironment() {
                            "XDG_RUNTIME_DIR", "QT_QPA_PLATFORM", "XDG_SESSION_TYPE"})
     environment.erase(name);
   environment["DBUS_SESSION_BUS_ADDRESS"] = "disabled:";
+  environment["DBUS_SYSTEM_BUS_ADDRESS"] = "disabled:";
   environment["LC_ALL"] = "C.UTF-8";
   return environment;
 }

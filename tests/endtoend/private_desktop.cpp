@@ -44,6 +44,8 @@ Environment PrivateDesktop::environment() const {
   environment["XDG_CACHE_HOME"] = scratch() / "cache";
   environment["XDG_RUNTIME_DIR"] = scratch() / "runtime";
   if (!display_.empty()) environment["DISPLAY"] = display_;
+  if (!systemBusAddress_.empty()) environment["DBUS_SYSTEM_BUS_ADDRESS"] = systemBusAddress_;
+  if (!loginBusAddress_.empty()) environment["DBUS_SESSION_BUS_ADDRESS"] = loginBusAddress_;
   return environment;
 }
 
@@ -67,6 +69,29 @@ void PrivateDesktop::startScreen() {
   });
   windowManager_ = std::make_unique<ChildProcess>(command({"openbox"}));
   waitFor("openbox", [&] { return runToEnd(command({"xdotool", "get_desktop"})) == 0; });
+}
+
+void PrivateDesktop::startMessageBuses() {
+  systemBusAddress_ = startBus("system-bus", systemBus_);
+  loginBusAddress_ = startBus("login-bus", loginBus_);
+}
+
+/// The usual configuration of neither fits: the one wants a user of its own, the other starts
+/// services of the machine. Here everybody may say everything, and nobody is started.
+std::string PrivateDesktop::startBus(const std::string& name, std::unique_ptr<ChildProcess>& bus) {
+  const auto socket = scratch() / name;
+  const std::string address = "unix:path=" + socket.string();
+  const auto configuration = scratch() / (name + ".conf");
+  std::ofstream(configuration)
+      << "<!DOCTYPE busconfig PUBLIC \"-//freedesktop//DTD D-Bus Bus Configuration 1.0//EN\"\n"
+      << " \"http://www.freedesktop.org/standards/dbus/1.0/busconfig.dtd\">\n"
+      << "<busconfig><listen>" << address << "</listen><auth>EXTERNAL</auth>\n"
+      << "<policy context=\"default\"><allow send_destination=\"*\" eavesdrop=\"true\"/>"
+      << "<allow eavesdrop=\"true\"/><allow own=\"*\"/></policy></busconfig>\n";
+  bus = std::make_unique<ChildProcess>(command(
+      {"dbus-daemon", "--nofork", "--nopidfile", "--config-file=" + configuration.string()}));
+  waitFor("the message bus", [&] { return std::filesystem::exists(socket); });
+  return address;
 }
 
 void PrivateDesktop::startSoundServer() {

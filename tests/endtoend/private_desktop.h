@@ -36,14 +36,20 @@ class PrivateDesktop {
   /// Words that start the player, before its own: what limits it, say.
   std::vector<std::string> launcher;
 
+  /// Message buses of this desktop's own, one for the system and one for the user's login; without
+  /// them there are none. Programs that are started from now on find them.
+  void startMessageBuses();
+
   /// The whole screen, as PNG.
   void screenshot(const std::filesystem::path& file) const;
 
  private:
   void startScreen();
+  std::string startBus(const std::string& name, std::unique_ptr<ChildProcess>& bus);
 
   ScratchFolder scratch_;
-  std::string display_;
+  std::string display_, systemBusAddress_, loginBusAddress_;
+  std::unique_ptr<ChildProcess> systemBus_, loginBus_;
   std::unique_ptr<ChildProcess> screen_, windowManager_, soundServer_;
 };
 

@@ -30,9 +30,9 @@ class PlayerOnScreen : public testing::Test {
     machine.settings.set("Microsoft Visual Basic AddIns", "Setting", "setting", "1");
     machine.clock.setReadingTime(1ms);
     const platform::Machine m = machine.doors();
-    program = std::make_unique<app::Program>(
-        platform::Machine{m.graphs, m.files, m.settings, dialogs, m.pictures, m.clock, m.events,
-                          host, m.bytes, m.encoding, m.capture, m.tone, m.output});
+    program = std::make_unique<app::Program>(platform::Machine{
+        m.graphs, m.files, m.settings, dialogs, m.pictures, m.clock, m.events, host, m.bytes,
+        m.encoding, m.capture, m.tone, m.output, m.media, m.power});
     program->start("");
     machine.advance(0ms);
     window = host.windowOf(program->mainForm().form);

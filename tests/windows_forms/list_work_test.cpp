@@ -119,7 +119,7 @@ class PlayerOnScreen : public testing::Test {
     const platform::Machine m = machine.doors();
     program = std::make_unique<app::Program>(
         platform::Machine{m.graphs, files, m.settings, dialogs, m.pictures, m.clock, events, host,
-                          m.bytes, m.encoding, m.capture, m.tone, m.output});
+                          m.bytes, m.encoding, m.capture, m.tone, m.output, m.media, m.power});
     program->start("");
     events.runWaitingEvents();
     SetForegroundWindow(window());

@@ -7,9 +7,14 @@
 #include <string>
 #include <vector>
 
+#include "app/command_line.h"
 #include "app/program.h"
+#include "base/failure_policy.h"
 #include "platform/linux/command_words.h"
+#include "platform/linux/desktop/mpris_controls.h"
+#include "platform/linux/desktop/sleep_inhibitor.h"
 #include "platform/linux/system/ini_settings_store.h"
+#include "platform/linux/system/instance_socket.h"
 #include "platform/linux/system/lazy_capture.h"
 #include "platform/linux/system/posix_byte_files.h"
 #include "platform/linux/system/posix_file_system.h"
@@ -18,6 +23,7 @@
 #include "platform/linux/system/sound_module.h"
 #include "platform/linux/system/start_up_pages.h"
 #include "platform/linux/system/system_clock.h"
+#include "platform/linux/widgets/descriptor_watch.h"
 #include "platform/linux/widgets/qt_application.h"
 #include "platform/linux/widgets/qt_dialogs.h"
 #include "platform/linux/widgets/qt_event_queue.h"
@@ -66,13 +72,22 @@ std::optional<int> answeredWithoutAPlayer(int argc, char** argv) {
   return answer->exitCode;
 }
 
-int runPlayer(int argc, char** argv, const std::string& commandLine) {
-  widgets::QtApplication application(argc, argv);
+/// Whether this run is the player. If not, the one that runs has taken what this one was asked for.
+/// A question about the usage is answered by whoever was asked.
+bool isThePlayer(platform::FirstInstance& instance, const platform::FileSystem& files,
+                 const std::string& commandLine) {
+  if (app::parseCommandLine(commandLine).asksForUsage()) return true;
+  platform::StartRequest request{"/", commandLine};
+  base::goOn([&] { request.directory = files.currentDirectory(); });
+  return instance.claim(request);
+}
+
+int play(widgets::QtApplication& application, system::PosixFileSystem& files,
+         platform::FirstInstance& instance, const std::string& commandLine) {
   widgets::QtEventQueue events;
   widgets::QtWindowHost windows;
   widgets::QtDialogs dialogs;
   widgets::QtPictureLoader pictures;
-  system::PosixFileSystem files;
   system::PosixByteFiles bytes;
   system::PosixTextEncoding encoding;
   system::IniSettingsStore settings;
@@ -81,11 +96,15 @@ int runPlayer(int argc, char** argv, const std::string& commandLine) {
   system::LazyCapture capture(sound);
   system::LazyTone tone(sound);
   system::PosixOutputFiles output;
-  const platform::Machine machine{sound,   files, settings, dialogs, pictures, clock, events,
-                                  windows, bytes, encoding, capture, tone,     output};
+  desktop::MprisControls media;
+  desktop::SleepInhibitor power;
+  const platform::Machine machine{sound,   files,  settings, dialogs, pictures,
+                                  clock,   events, windows,  bytes,   encoding,
+                                  capture, tone,   output,   media,   power};
 
   app::Program program(machine);
   program.start(commandLine);
+  instance.listen([&program](const platform::StartRequest& later) { program.takeOver(later); });
   events.post([&] { sound.warmUp(); });
   events.post([&] {
     const std::string trouble = settings.trouble();
@@ -98,6 +117,19 @@ int runPlayer(int argc, char** argv, const std::string& commandLine) {
   return application.run();
 }
 
+int runPlayer(int argc, char** argv) {
+  widgets::QtApplication application(argc, argv);
+  // Read again: the toolkit has taken out the options that are its own.
+  const std::string commandLine = commandLineOf(argc, argv);
+  system::PosixFileSystem files;
+  widgets::DescriptorWatch watch;
+  system::InstanceSocket instance(
+      system::InstanceSocket::usualPlace(),
+      [&watch](int descriptor, auto readable) { watch.add(descriptor, std::move(readable)); });
+  return isThePlayer(instance, files, commandLine) ? play(application, files, instance, commandLine)
+                                                   : 0;
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -106,5 +138,5 @@ int main(int argc, char** argv) {
   const std::string commandLine = commandLineOf(argc, argv);
   if (answeredInTheShell(commandLine)) return 0;
   if (const auto exitCode = answeredWithoutAPlayer(argc, argv)) return *exitCode;
-  return runPlayer(argc, argv, commandLine);
+  return runPlayer(argc, argv);
 }

@@ -19,7 +19,9 @@ enum class Door {
   Windows,
   Capture,
   Tone,
-  Output
+  Output,
+  Media,
+  Power
 };
 
 /// A call that changes or asks the outer world for something is an action and always traced; one

@@ -15,11 +15,13 @@ SimulatedMachine::SimulatedMachine(char separator)
       encoding(separator),
       capture(timeline, doorway),
       tone(doorway),
-      output(files, doorway) {}
+      output(files, doorway),
+      media(doorway),
+      power(doorway) {}
 
 Machine SimulatedMachine::doors() {
-  return {decks,   files, settings, dialogs, pictures, clock, events,
-          windows, bytes, encoding, capture, tone,     output};
+  return {decks, files,    settings, dialogs, pictures, clock, events, windows,
+          bytes, encoding, capture,  tone,    output,   media, power};
 }
 
 }  // namespace nerolith::platform::simulated

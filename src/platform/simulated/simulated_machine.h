@@ -15,8 +15,10 @@
 #include "platform/simulated/simulated_encoding.h"
 #include "platform/simulated/simulated_events.h"
 #include "platform/simulated/simulated_files.h"
+#include "platform/simulated/simulated_media.h"
 #include "platform/simulated/simulated_output.h"
 #include "platform/simulated/simulated_pictures.h"
+#include "platform/simulated/simulated_power.h"
 #include "platform/simulated/simulated_settings.h"
 #include "platform/simulated/simulated_tone.h"
 #include "platform/simulated/simulated_windows.h"
@@ -69,6 +71,8 @@ class SimulatedMachine {
   SimulatedCapture capture;
   SimulatedTone tone;
   SimulatedOutput output;
+  SimulatedMedia media;
+  SimulatedPower power;
 };
 
 }  // namespace nerolith::platform::simulated

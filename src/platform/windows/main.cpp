@@ -131,8 +131,11 @@ int runPlayer(const std::string& commandLine) {
   windows::DirectSoundCapture capture;
   windows::DirectSoundTone tone;
   windows::WindowsOutputFiles output(files);
-  const platform::Machine machine{sound, files, settings, dialogs, pictures, clock, events,
-                                  forms, bytes, encoding, capture, tone,     output};
+  platform::NoMediaControls media;
+  platform::NoPowerRequest power;
+  const platform::Machine machine{sound,   files,  settings, dialogs, pictures,
+                                  clock,   events, forms,    bytes,   encoding,
+                                  capture, tone,   output,   media,   power};
 
   app::Program program(machine);
   program.start(commandLine);

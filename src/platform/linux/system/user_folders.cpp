@@ -1,6 +1,7 @@
 #include "platform/linux/system/user_folders.h"
 
 #include <pwd.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <cstdlib>
@@ -48,6 +49,19 @@ std::string companionsFolder(const std::string& programFolder) {
   const std::string shared = folder.parent_path() / "share" / &kOwnFolder[1];
   std::error_code error;
   return std::filesystem::is_directory(shared, error) ? shared : programFolder;
+}
+
+std::string runtimeFolder() {
+  const std::string base = fromEnvironment("XDG_RUNTIME_DIR");
+  const std::string folder = base.empty()
+                                 ? "/tmp" + std::string(kOwnFolder) + "-" + std::to_string(getuid())
+                                 : base + kOwnFolder;
+  mkdir(folder.c_str(), S_IRWXU);
+  // Anyone may have made it in the temporary folder first.
+  struct stat status {};
+  const bool ours = lstat(folder.c_str(), &status) == 0 && S_ISDIR(status.st_mode) &&
+                    status.st_uid == getuid() && (status.st_mode & (S_IWGRP | S_IWOTH)) == 0;
+  return ours ? folder : std::string();
 }
 
 }  // namespace nerolith::system

@@ -34,6 +34,8 @@ void LabelView::dress() {
 
 void LabelView::refresh() {
   const QString caption = QString::fromStdString(label_->caption());
+  // A screen reader would read the tip in the place of a text that is not there.
+  setToolTip(caption.isEmpty() ? QString() : QString::fromStdString(label_->toolTip()));
   const QSize before = sizeHint();
   if (caption != words_) {
     words_ = caption;

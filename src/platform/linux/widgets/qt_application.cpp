@@ -2,6 +2,7 @@
 
 #include <QStyleFactory>
 
+#include "platform/linux/widgets/accessible_roles.h"
 #include "platform/linux/widgets/theme.h"
 
 namespace nerolith::widgets {
@@ -20,6 +21,7 @@ QtApplication::QtApplication(int& argc, char** argv) : application_(argc, argv) 
   QApplication::setStyle(QStyleFactory::create(QStringLiteral("fusion")));
   QApplication::setPalette(theme::palette());
   QApplication::setQuitOnLastWindowClosed(false);
+  tellRolesToScreenReaders();
 }
 
 int QtApplication::run() { return QApplication::exec(); }
