@@ -70,11 +70,19 @@ TEST_F(FormWindowTest, AnAccessKeyClicksItsFace) {
 }
 
 TEST_F(FormWindowTest, TheFormHearsAKeyBeforeTheListDoes) {
-  hear(form.form.keyDown, "form");
-  hear(form.List1.dblClick, "list");
   form.List1.setListIndex(2);
-  shown.key(list(), VK_RETURN);
+  hear(form.form.keyDown, "form");
+  hear(form.List1.click, "list");
+  shown.key(list(), VK_UP);
   EXPECT_EQ(heard, "form list ");
+}
+
+TEST_F(FormWindowTest, EnterStartsNoSong) {
+  form.List1.setListIndex(2);
+  hear(form.form.keyDown, "form");
+  hear(form.List1.dblClick, "start");
+  shown.key(list(), VK_RETURN);
+  EXPECT_EQ(heard, "form ");
 }
 
 TEST_F(FormWindowTest, ALampSwitchTellsItsWordsAndFollowsItsLamp) {

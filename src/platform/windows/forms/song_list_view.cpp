@@ -173,7 +173,7 @@ bool SongListView::keyDown(WPARAM key) {
     if (key == VK_SPACE && now >= 0) toggle(anchor_ = now);
     return true;
   }
-  if (key == VK_RETURN) list_.userActivate(now);
+  // Enter is the window's, and Space is heard as a sign.
   return key == VK_RETURN || key == VK_SPACE;
 }
 
