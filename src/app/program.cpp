@@ -75,16 +75,18 @@ Program::Program(const platform::Machine& machine, const StandIns& standIns)
 
 void Program::takeDroppedFiles() {
   form_.form.takesFiles = [this](const std::vector<std::string>& paths) {
-    return planDrop(paths, machine_.files).does != DropPlan::Does::Nothing;
+    return planDrop(paths, machine_.files, base::FilePattern(form_.File1.pattern())).does !=
+           DropPlan::Does::Nothing;
   };
   drops_ = form_.form.filesDropped.subscribe(
       [this](const std::vector<std::string>& paths) { dropped(paths); });
 }
 
 void Program::dropped(const std::vector<std::string>& paths) {
-  const DropPlan plan = planDrop(paths, machine_.files);
+  const DropPlan plan = planDrop(paths, machine_.files, base::FilePattern(form_.File1.pattern()));
   if (plan.does == DropPlan::Does::ImportsPlaylist)
     return neighbours().playlists.openPlaylist(plan.path);
+  if (plan.does == DropPlan::Does::PlaysSong) return startUp_.open(plan.path);
   if (plan.does == DropPlan::Does::OpensFolder && browser_.setFolder(plan.path))
     form_.List1.setFocus();
 }

@@ -97,7 +97,11 @@ void StartUp::beginAgain(const platform::StartRequest& later) {
   follow(line);
 }
 
-void StartUp::open(const std::string& path) { follow({path, parts_.live.modeCode}); }
+void StartUp::open(const std::string& path) {
+  const bool given = fileGiven_;
+  follow({path, parts_.live.modeCode});
+  fileGiven_ = given;
+}
 
 /// A name may have a comma in it: what is there by the whole text is meant by it.
 CommandLine StartUp::read(const std::string& commandLine, const std::string& directory) const {

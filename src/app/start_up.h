@@ -46,7 +46,8 @@ class StartUp {
   /// command line asks for nothing.
   void beginAgain(const platform::StartRequest& later);
 
-  /// Opens a file, folder or playlist by its whole path, in the mode that is set.
+  /// Opens a file, folder or playlist by its whole path, in the mode that is set, and plays a song.
+  /// Its folder is remembered at close like any that the user chose.
   void open(const std::string& path);
 
   /// The command line named a file; the folder is then not remembered at close.

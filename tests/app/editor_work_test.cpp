@@ -123,10 +123,24 @@ TEST_F(EditorRun, ADroppedFolderIsOpenedAlsoWhenItIsTheOneBehindThePlaylist) {
   EXPECT_EQ(program->songs().mode(), library::ListMode::Folder);
 }
 
+TEST_F(EditorRun, ADroppedSongIsPlayedInTheModeThatIsSetAndItsFolderRemembered) {
+  addSongs("C:\\Winter", 2);
+  form().Option2.setValue(true);
+  EXPECT_TRUE(form().form.wouldTake({"C:\\Winter\\b.mp3"}));
+  form().form.filesDropped.raise({"C:\\Winter\\b.mp3"});
+  EXPECT_EQ(playing(), "b.mp3");
+  EXPECT_TRUE(form().Option2.value());
+  form().form.close();
+  EXPECT_EQ(*machine.settings.stored("Velmarion", "Path", "path"), "C:\\Winter");
+}
+
 TEST_F(EditorRun, EverythingElseIsRefused) {
   machine.bytes.put("C:\\Lists\\x.m3u", "");
+  machine.bytes.put("C:\\Music\\a.txt", "");
   const std::vector<std::vector<std::string>> refused = {{},
-                                                         {"C:\\Music\\a.mp3"},
+                                                         {"C:\\Music\\a.txt"},
+                                                         {"C:\\Music\\gone.mp3"},
+                                                         {"C:\\Music\\a.mp3", "C:\\Music\\b.mp3"},
                                                          {"C:\\Lists\\gone.m3u"},
                                                          {"C:\\Lists\\x.m3u", "C:\\Music"},
                                                          {"C:\\Nowhere"}};

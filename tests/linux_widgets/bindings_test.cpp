@@ -44,6 +44,38 @@ TEST_F(Bindings, LampSwitchPressedByMouseLeavesTheFocusWithTheSongs) {
   EXPECT_FALSE(loop->hasFocus());
 }
 
+TEST_F(Bindings, ALampSwitchedByAScreenReaderIsClickedOnceAndFollowsItsLamp) {
+  auto* random = findWidget<LampSwitchView>(*window, [](auto& w) { return w.text() == "Random"; });
+  ASSERT_NE(random, nullptr);
+  heard.on(form.Label7[2].click, "click");
+  QAccessibleInterface* told = QAccessible::queryAccessibleInterface(random);
+  EXPECT_EQ(told->text(QAccessible::Name), "Random");
+  told->actionInterface()->doAction(QAccessibleActionInterface::toggleAction());
+  EXPECT_EQ(heard.all(), "click");
+  EXPECT_FALSE(told->state().checked);
+  form.Label6[2].setBackColour(controls::kRed);
+  EXPECT_TRUE(told->state().checked);
+}
+
+TEST_F(Bindings, TheDriveBoxKeepsItsNameBesideTheDrive) {
+  auto* drives = findWidget<DriveCombo>(*window, [](auto&) { return true; });
+  ASSERT_NE(drives, nullptr);
+  form.Drive1.setDrives({{"/", "Computer"}, {"/stick", "Stick"}});
+  form.Drive1.setDrive("/stick");
+  QAccessibleInterface* told = QAccessible::queryAccessibleInterface(drives);
+  EXPECT_EQ(told->role(), QAccessible::ComboBox);
+  EXPECT_EQ(told->text(QAccessible::Name), "Drive");
+  EXPECT_EQ(told->text(QAccessible::Description), "Stick");
+}
+
+TEST_F(Bindings, ANoticeThatSaysNothingIsNotReadByItsTip) {
+  auto& notice = widget<LabelView>("Trouble with the sound");
+  QAccessibleInterface* told = QAccessible::queryAccessibleInterface(&notice);
+  EXPECT_EQ(told->text(QAccessible::Description), "");
+  form.notice.setCaption("The sound server does not answer.");
+  EXPECT_EQ(told->text(QAccessible::Description), "The sound server does not answer.");
+}
+
 TEST_F(Bindings, CaptionKeysAreNamedButtons) {
   heard.on(form.Label5[0].click, "close");
   QTest::mouseClick(&widget<CaptionKey>("Close"), Qt::LeftButton);

@@ -168,6 +168,21 @@ TEST_F(ShownSettings, AScreenReaderHearsWhatEachBoxIsAndWhatStandsInIt) {
   EXPECT_EQ(rule->role(), QAccessible::CheckBox);
 }
 
+TEST_F(ShownSettings, ASwitchByAScreenReaderIsTheUsersClick) {
+  auto& marking = button<QCheckBox>("Enable -  Mark file for deletion.");
+  QAccessibleInterface* told = QAccessible::queryAccessibleInterface(&marking);
+  EXPECT_FALSE(told->state().checked);
+  for (const QString& action :
+       {QAccessibleActionInterface::toggleAction(), QAccessibleActionInterface::pressAction()}) {
+    ASSERT_TRUE(told->actionInterface()->actionNames().contains(action));
+    const bool before = told->state().checked;
+    told->actionInterface()->doAction(action);
+    EXPECT_NE(told->state().checked, before);
+    EXPECT_EQ(stored("Nerolith", "mark_for_deletion"), before ? "False" : "True");
+  }
+  EXPECT_EQ(QAccessible::queryAccessibleInterface(window)->role(), QAccessible::Dialog);
+}
+
 TEST_F(ShownSettings, NoWordIsCutOff) {
   for (QWidget* child : window->findChildren<QWidget*>())
     EXPECT_GE(child->width(), child->minimumSizeHint().width())
