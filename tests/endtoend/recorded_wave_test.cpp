@@ -5,6 +5,7 @@
 #include <fstream>
 
 #include "endtoend/child_process.h"
+#include "endtoend/recording_stage.h"
 #include "endtoend/tones.h"
 
 namespace nerolith::endtoend {
@@ -36,6 +37,21 @@ TEST(PhaseLeaps, AreNoneWhereATonesVolumeFallsBesideAnother) {
     mix.samples[i] = static_cast<float>(mix.samples[i] * (1 - second / 6)) + other.samples[i];
   }
   EXPECT_EQ(phaseLeaps(mix, 1000, 0.1, 4.9).size(), 0U);
+}
+
+TEST(LostIn, IsWhatTheRecordingLacksAndNotWhatTheCardPlayedBroken) {
+  const Song song{{}, 1000, 0.1, 4.2};
+  Sound card = songOf(1000, 4.2);
+  card.samples.erase(card.samples.begin() + Sound::kRate, card.samples.begin() + 44100 + 250);
+  Sound recorded = card;
+  recorded.samples.erase(recorded.samples.begin(), recorded.samples.begin() + 3000);
+  EXPECT_FALSE(phaseLeaps(recorded, 1000, 0.2, 3.8).empty());
+  EXPECT_TRUE(lostIn(recorded, card, song).empty());
+  recorded.samples.erase(recorded.samples.begin() + 2 * Sound::kRate);
+  const auto lost = lostIn(recorded, card, song);
+  ASSERT_FALSE(lost.empty());
+  EXPECT_NEAR(lost.front(), 2, 0.03);
+  EXPECT_NEAR(lost.back(), 2, 0.03);
 }
 
 class RecordedFile : public ::testing::Test {

@@ -1,6 +1,8 @@
-// What a recording survives on Linux: a sound server that is restarted; and what it does not, a
-// folder that is removed.
+// What a recording survives on Linux: a sound server that is restarted, a program that is held up;
+// and what it does not, a folder that is removed.
 #include <gtest/gtest.h>
+
+#include <csignal>
 
 #include "endtoend/recording_stage.h"
 
@@ -67,6 +69,31 @@ Outcome folderIsRemoved() {
 }
 
 TEST(RecordingLoss, AFolderThatIsRemovedIsSaidAndThePlayerPlaysOn) { measure(folderIsRemoved); }
+
+Outcome programIsHeldUp() {
+  RecordingStage it;
+  it.stage.prepare({"1 first.wav"}, 60);
+  it.open({.mode = 1, .mixLead = 4, .fadeLength = 1});
+  if (!it.start()) return it.stage.outcome({"the song is not heard"});
+  Complaints complaints;
+  expect(it.holdsHalves(1, 15), "the file does not grow", complaints);
+  it.stage.player->program().signal(SIGSTOP);
+  pauseFor(6);
+  it.stage.player->program().signal(SIGCONT);
+  pauseFor(1);
+  expect(it.section->noticeContrast() < kNoticeEmpty, "it is told before the stop", complaints);
+  it.section->fadeOutAndStop();
+  expect(waitForFinishedFile(it.file, 10), "it does not stop", complaints);
+  expect(waitUntil(3, [&] { return it.section->noticeContrast() > kNoticeLegible; }),
+         "the window does not say what is missing", complaints);
+  it.stage.desktop.screenshot(kPictures / "recording-held-up.png");
+  const RecordedWave wave = readRecorded(it.file, complaints);
+  return it.stage.outcome(complaints, {figure("recorded", wave.seconds(), "s")});
+}
+
+TEST(RecordingLoss, AProgramThatWasHeldUpSaysAfterTheStopWhatIsMissing) {
+  measure(programIsHeldUp);
+}
 
 TEST(RecordingLoss, WithoutASoundServerTheMenuSaysWhyThereIsNoSection) {
   Stage stage(PrivateDesktop::SoundServer::Missing);

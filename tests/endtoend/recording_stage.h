@@ -4,6 +4,7 @@
 #include <filesystem>
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "endtoend/recorded_wave.h"
 #include "endtoend/section_window.h"
@@ -33,6 +34,11 @@ double levelAt(const Sound& sound, double hertz, double time);
 
 /// Where a song's tone begins and ends; nothing heard: {0, 0}.
 Stretch heardIn(const Sound& sound, const Song& song);
+
+/// Where a song's tone is broken in the recording and not in what the card played meanwhile, in
+/// seconds of the recording: what the recording itself lost. How the song is played, other tests
+/// judge.
+std::vector<double> lostIn(const Sound& recorded, const Sound& card, const Song& song);
 
 /// Adds the complaint `what` unless it holds.
 void expect(bool holds, const std::string& what, Complaints& complaints);
