@@ -20,9 +20,15 @@ Sound beforeTheLastFade(Sound sound, double fade) {
   return sound;
 }
 
-/// The steps down of a song that is faded out at the end of a recording.
-std::vector<FallingStep> lastFade(const RecordedWave& wave, double hertz, double from) {
-  return fallingSteps(envelopeOf(wave.sound, hertz, from, wave.seconds()), from, wave.seconds());
+/// The steps down of a song that is faded out at the end of a recording. It begins where the tone
+/// is at its full level for the last time: whatever dips before that is no fade.
+std::vector<FallingStep> lastFade(const RecordedWave& wave, double hertz) {
+  const double end = wave.seconds();
+  const Envelope tone = envelopeOf(wave.sound, hertz, std::max(0.0, end - 4), end);
+  double begun = tone.first;
+  for (std::size_t i = 0; i < tone.level.size(); ++i)
+    if (tone.level[i] > kToneLevel - 0.5) begun = tone.timeOf(i);
+  return fallingSteps(tone, begun, end);
 }
 
 /// The file ends half a second behind a fade of two, which begins up to a tick before its first
@@ -103,7 +109,7 @@ Outcome endsWithTheList(int mode) {
   const double due = heard - mix.newSongLag;
   auto figures = checkMixes(beforeTheLastFade(wave.sound, heard - mix.newSongLag - mix.lagJitter),
                             mixed(played), {kLead, kFade}, complaints, mix);
-  const auto steps = lastFade(wave, last.hertz, due - 0.5);
+  const auto steps = lastFade(wave, last.hertz);
   if (!steps.empty()) {
     const double late = steps.front().at - due;
     figures.push_back(figure("last fade, first step after", late, "s"));
@@ -155,11 +161,10 @@ Outcome fadeOutByHand() {
   if (!waitForFinishedFile(it.file, 10)) return it.stage.outcome({"it does not stop"});
   const RecordedWave wave = readRecorded(it.file, complaints);
   const double hertz = it.stage.songs[0].hertz;
-  const Stretch full = heardIn(wave.sound, it.stage.songs[0]);
   expect(lostIn(wave.sound, it.stage.recording->sound(), it.stage.songs[0]).empty(),
          "breaks in the tone", complaints);
   std::vector<std::string> figures = {figure("recorded", wave.seconds(), "s")};
-  expectEndBehindFade(wave, lastFade(wave, hertz, full.from + 1), complaints, figures);
+  expectEndBehindFade(wave, lastFade(wave, hertz), complaints, figures);
   expect(levelAt(wave.sound, hertz, wave.seconds() - 0.1) < -40, "it is cut off", complaints);
   return it.stage.outcome(complaints, figures);
 }
