@@ -32,7 +32,7 @@ std::vector<FallingStep> lastFade(const RecordedWave& wave, double hertz) {
 }
 
 /// The file ends half a second behind a fade of two, which begins up to a tick before its first
-/// step; what the server still holds at the stop is not captured. Measured: 2.21 to 2.33 s.
+/// step; what the server still holds at the stop is not captured. Measured: 2.02 to 2.43 s.
 void expectEndBehindFade(const RecordedWave& wave, const std::vector<FallingStep>& steps,
                          Complaints& complaints, std::vector<std::string>& figures) {
   // 50 dB in 2 s: 2.38 dB each tenth of a second, as many as are above the noise.
