@@ -21,7 +21,7 @@ class ListWorkRun : public ProgramTest {
       if (found->caption() == caption) return *found;
     throw std::logic_error("no item " + caption);
   }
-  void select(std::vector<int> positions) {
+  void select(const std::vector<int>& positions) {
     form().List1.deselectAll();
     for (const int i : positions) form().List1.setSelected(i, true);
   }

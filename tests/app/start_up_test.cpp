@@ -133,7 +133,7 @@ TEST_F(StartUp, RandomDrawsDependOnClockAndDateAlone) {
   const auto firstDraw = [this](double day, std::chrono::seconds time) {
     machine.clock.set(day, time);
     start();
-    const std::string song = playing();
+    std::string song = playing();
     program.reset();
     return song;
   };

@@ -92,7 +92,7 @@ void SongListView::reach(int row, Qt::KeyboardModifiers modifiers) {
 bool SongListView::moveByKey(QKeyEvent* event) {
   const int last = list_.count() - 1;
   const int now = list_.listIndex();
-  int row = now;
+  int row = 0;
   switch (event->key()) {
     case Qt::Key_Up:
       row = now - 1;
@@ -107,7 +107,6 @@ bool SongListView::moveByKey(QKeyEvent* event) {
       row = now + rowsInSight();
       break;
     case Qt::Key_Home:
-      row = 0;
       break;
     case Qt::Key_End:
       row = last;
@@ -214,12 +213,12 @@ bool SongListView::event(QEvent* event) {
 
 void SongListView::focusInEvent(QFocusEvent* event) {
   // The toolkit would make the first row current; only the player and the user do that.
-  QAbstractScrollArea::focusInEvent(event);
+  QAbstractScrollArea::focusInEvent(event);  // NOLINT(bugprone-parent-virtual-call)
   viewport()->update();
 }
 
 void SongListView::focusOutEvent(QFocusEvent* event) {
-  QAbstractScrollArea::focusOutEvent(event);
+  QAbstractScrollArea::focusOutEvent(event);  // NOLINT(bugprone-parent-virtual-call)
   viewport()->update();
 }
 
