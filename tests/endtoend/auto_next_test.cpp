@@ -30,7 +30,7 @@ Outcome everyThirdIsBroken() {
   stage.prepare({"1.wav", "2.mp3", "4.wav", "5.aif", "7.mp2", "8.wma"}, 3);
   const auto& folder = stage.desktop.music();
   std::ofstream(folder / "3.mp3") << "This is a text and no song.\n";
-  std::ofstream(folder / "6.wav");
+  std::ofstream(folder / "6.wav").flush();  // an empty one
   std::ofstream(folder / "9.mp3") << std::string(5000, '\0');
   stage.open({.mode = 2, .mixLead = 1, .fadeLength = 0.5});
   if (!stage.recording->waitForSound(10)) return stage.outcome({"nothing is heard"});

@@ -95,10 +95,10 @@ std::string PrivateDesktop::startBus(const std::string& name, std::unique_ptr<Ch
 }
 
 void PrivateDesktop::startSoundServer() {
+  const std::string card =
+      "module-null-sink sink_name=card norewinds=1 format=float32le rate=44100 channels=2";
   Command server = command({"pulseaudio", "-n", "--daemonize=no", "--exit-idle-time=-1",
-                            "--load=module-native-protocol-unix",
-                            "--load=module-null-sink sink_name=card norewinds=1 "
-                            "format=float32le rate=44100 channels=2"});
+                            "--load=module-native-protocol-unix", "--load=" + card});
   server.log = scratch() / "pulseaudio.log";
   soundServer_ = std::make_unique<ChildProcess>(server);
   waitFor("the sound server", [&] { return runToEnd(command({"pactl", "info"})) == 0; });

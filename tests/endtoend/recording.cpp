@@ -65,7 +65,8 @@ Sound Recording::sound() const { return read(file_, 0); }
 double Recording::now() const {
   std::error_code missing;
   const auto size = std::filesystem::file_size(file_, missing);
-  return missing ? 0 : static_cast<double>(size / kFrame) / Sound::kRate;
+  const std::uintmax_t frames = missing ? 0 : size / kFrame;
+  return static_cast<double>(frames) / Sound::kRate;
 }
 
 bool Recording::waitForTone(double hertz, double longest) const {

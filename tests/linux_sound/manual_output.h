@@ -2,6 +2,7 @@
 #pragma once
 
 #include <algorithm>
+#include <cmath>
 #include <cstdint>
 #include <string>
 #include <thread>
@@ -30,7 +31,8 @@ class ManualOutput : public sound::SoundOutput {
 
   /// Mixes in the pieces a server asks for, never faster than the decoders can.
   void advance(double seconds) {
-    const auto until = heard.size() + static_cast<std::size_t>(seconds * sound::kSampleRate + 0.5);
+    const auto until =
+        heard.size() + static_cast<std::size_t>(std::lround(seconds * sound::kSampleRate));
     while (heard.size() < until) {
       const std::size_t count = std::min<std::size_t>(882, until - heard.size());
       while (!mixer_.fed(count)) std::this_thread::yield();

@@ -13,8 +13,6 @@
 
 #include "linux_sound/sound_files.h"
 
-extern char** environ;
-
 namespace nerolith::sound_tests {
 namespace {
 
@@ -63,10 +61,10 @@ PrivateSoundServer::PrivateSoundServer(Begin begin) {
 PrivateSoundServer::~PrivateSoundServer() { kill(); }
 
 void PrivateSoundServer::start() {
+  const std::string card =
+      "module-null-sink sink_name=card format=float32le rate=44100 channels=2 norewinds=1";
   process_ = spawn({"pulseaudio", "-n", "--daemonize=no", "--exit-idle-time=-1", "--disable-shm=no",
-                    "--load=module-native-protocol-unix",
-                    "--load=module-null-sink sink_name=card format=float32le rate=44100 channels=2 "
-                    "norewinds=1"});
+                    "--load=module-native-protocol-unix", "--load=" + card});
   for (int i = 0; i < 250; ++i) {
     if (runTool("pactl info")) return;
     std::this_thread::sleep_for(std::chrono::milliseconds(20));
