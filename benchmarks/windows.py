@@ -15,7 +15,7 @@ PROGRAM = os.path.join(ROOT, "out", "windows", "velmarion.exe")
 DRIVER = os.path.join(ROOT, "out", "build", "windows", "benchmarks", "nerolith_program_bench.exe")
 WINE = os.path.join(ROOT, "out", "build", "windows", "wine-bench")
 MEGABYTE = 1024 * 1024
-ALL = ("size", "start", "list", "leaks")
+ALL = ("size", "start", "list", "import", "leaks")
 
 
 def script(name, *words):
@@ -69,6 +69,19 @@ def list_(report, count=100000):
     report.figure("paint with that many", told["paint median ms"], "ms")
 
 
+def import_(report, count=100000):
+    with tempfile.TemporaryDirectory() as folder:
+        lines = [f"Z:\\Music\\An artist of some name\\Song number {number:06}.mp3\r\n"
+                 for number in range(count)]
+        for name, entries in (("all.m3u", lines), ("less.m3u", lines[:-1])):
+            with open(os.path.join(folder, name), "w", encoding="ascii", newline="") as out:
+                out.writelines(entries)
+        told = measured("import", windows_folder(folder), count)
+    report.figure(f"import of {count} entries, OK to shown list", told["import median ms"], "ms",
+                  None, f"best {told['import best ms']:.0f}")
+    report.figure("start with such a playlist, all shown", told["start with the playlist ms"], "ms")
+
+
 def leaks(report, starts=1000):
     with tempfile.TemporaryDirectory() as folder:
         for name in ("a.wav", "b.wav"):
@@ -98,7 +111,8 @@ def main():
         for name in wanted:
             report.say(f"-- windows {name} (load {load():.1f})")
             try:
-                {"size": size, "start": start, "list": list_, "leaks": leaks}[name](report)
+                {"size": size, "start": start, "list": list_, "import": import_,
+                 "leaks": leaks}[name](report)
             except Exception as trouble:  # one that cannot be measured must not hide the others
                 failed += 1
                 report.unmeasured(name, str(trouble))

@@ -51,6 +51,14 @@ end_started
 rm -f "$prefix/desktop" "$prefix/display"
 [ "$action" = up ] || exit 0
 
+# M: is a drive without a medium: a folder that is not there. Wine looks at its drives once.
+if [ ! -f "$prefix/ready" ]; then
+    "$(dirname "$0")/wine_test.sh" "$prefix" cmd /c exit
+    end_wine
+fi
+rm -rf "$prefix/medium"
+ln -sfn "$prefix/medium" "$prefix/prefix/dosdevices/m:"
+
 # The socket's path has to be short, wherever the build directory lies.
 runtime="${TMPDIR:-/tmp}/nerolith-wine-$(printf %s "$prefix" | cksum | cut -d ' ' -f 1)"
 mkdir -p "$runtime"

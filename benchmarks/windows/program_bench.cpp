@@ -1,5 +1,5 @@
 // Measures the Windows program from a second process. Run by ./bench windows under Wine:
-//   program_bench start ROUNDS | list FOLDER COUNT | leaks FOLDER STARTS
+//   program_bench start ROUNDS | list FOLDER COUNT | import FOLDER COUNT | leaks FOLDER STARTS
 // Prints "name<TAB>value" lines.
 #include <windows.h>
 
@@ -77,6 +77,52 @@ void list(const std::wstring& folder, int count) {
   say("paint median ms", median(painted));
 }
 
+/// Until the list has this many entries, and they are painted. Asked without a pause: the question
+/// waits in the program while that is busy.
+void waitForSongs(const RunningPlayer& player, int count) {
+  for (const double until = now() + 120000; player.songs() != count; Sleep(1))
+    if (now() > until)
+      throw std::runtime_error("the list has " + std::to_string(player.songs()) + " entries");
+  RedrawWindow(player.list(), nullptr, nullptr, RDW_INVALIDATE | RDW_UPDATENOW);
+}
+
+/// Alt+I, the path typed into the dialog; the time from its OK to the list.
+double importThroughDialog(const RunningPlayer& player, const std::wstring& playlist, int count) {
+  constexpr int kNameList = 0x47C, kNameField = 0x480;
+  PostMessageW(player.list(), WM_SYSKEYDOWN, 'I', 1 | 1 << 29);
+  const HWND dialog = player.message(20000);
+  if (!dialog) throw std::runtime_error("no dialog comes up");
+  HWND field = nullptr;
+  within(5000, [&] {
+    field = GetDlgItem(dialog, kNameList);
+    if (!field) field = GetDlgItem(dialog, kNameField);
+    return field != nullptr;
+  });
+  if (!field) throw std::runtime_error("the dialog has no field for the name");
+  SendMessageW(field, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(playlist.c_str()));
+  const double pressed = now();
+  PostMessageW(dialog, WM_COMMAND, IDOK, 0);
+  waitForSongs(player, count);
+  return now() - pressed;
+}
+
+/// The folder has two playlists; the other one is shorter by an entry.
+void importPlaylist(const std::wstring& folder, int count) {
+  const std::wstring playlist = folder + L"all.m3u", shorter = folder + L"less.m3u";
+  const double before = now();
+  RunningPlayer player(playlist + L",1");
+  waitForSongs(player, count);
+  say("start with the playlist ms", now() - before);
+  std::vector<double> taken;
+  for (int round = 0; round < 5; ++round) {
+    importThroughDialog(player, shorter, count - 1);
+    taken.push_back(importThroughDialog(player, playlist, count));
+  }
+  say("import median ms", median(taken));
+  say("import best ms", *std::min_element(taken.begin(), taken.end()));
+  if (player.close() != 0) throw std::runtime_error("it does not close");
+}
+
 /// Handles that stay behind one song of the system's own objects, without the player.
 double bareLeak(const std::wstring& song, int rounds) {
   const HANDLE self = GetCurrentProcess();
@@ -130,6 +176,8 @@ int measure(const std::vector<std::wstring>& words) {
     start(number(words.at(1)));
   else if (words.at(0) == L"list")
     list(words.at(1), number(words.at(2)));
+  else if (words.at(0) == L"import")
+    importPlaylist(words.at(1), number(words.at(2)));
   else if (words.at(0) == L"leaks")
     leaks(words.at(1), number(words.at(2)));
   else

@@ -25,7 +25,7 @@ std::wstring textOf(HWND window) {
 }
 
 struct Sought {
-  std::wstring className, words;
+  std::wstring className{}, words{}, beginning{};
   DWORD process = 0;
   bool titled = false;
   HWND except = nullptr, found = nullptr;
@@ -52,6 +52,7 @@ BOOL CALLBACK lookAtChild(HWND window, LPARAM data) {
   auto& sought = *reinterpret_cast<Sought*>(data);
   if (!isOfClass(window, sought.className)) return TRUE;
   if (!sought.words.empty() && textOf(window) != sought.words) return TRUE;
+  if (!sought.beginning.empty() && !textOf(window).starts_with(sought.beginning)) return TRUE;
   sought.found = window;
   return FALSE;
 }
@@ -103,7 +104,7 @@ RunningPlayer::RunningPlayer(const std::wstring& commandLine) {
   process_ = windows::SystemHandle(started.hProcess);
   id_ = started.dwProcessId;
   within(20000, [this] {
-    window_ = topWindow({kMainClass, {}, id_, true});
+    window_ = topWindow({.className = kMainClass, .process = id_, .titled = true});
     return window_ || WaitForSingleObject(process(), 0) == WAIT_OBJECT_0;
   });
   if (!window_) {
@@ -133,20 +134,31 @@ bool RunningPlayer::shows(const std::wstring& words, int milliseconds) const {
   return within(milliseconds, [&] { return child(L"STATIC", words) != nullptr; });
 }
 
+bool RunningPlayer::saysSomethingLike(const std::wstring& beginning, int milliseconds) const {
+  return within(milliseconds, [&] {
+    Sought sought{L"STATIC", {}, beginning};
+    EnumChildWindows(window_, &lookAtChild, reinterpret_cast<LPARAM>(&sought));
+    return sought.found != nullptr;
+  });
+}
+
 HWND RunningPlayer::menu(int milliseconds) const {
   HWND found = nullptr;
-  within(milliseconds, [&] { return (found = topWindow({L"#32768", {}, id_})) != nullptr; });
+  within(milliseconds,
+         [&] { return (found = topWindow({.className = L"#32768", .process = id_})) != nullptr; });
   return found;
 }
 
 bool RunningPlayer::menuGone(int milliseconds) const {
-  return within(milliseconds, [&] { return !topWindow({L"#32768", {}, id_}); });
+  return within(milliseconds, [&] { return !topWindow({.className = L"#32768", .process = id_}); });
 }
 
 HWND RunningPlayer::message(int milliseconds) const {
   HWND found = nullptr;
   within(milliseconds, [&] {
-    return (found = topWindow({L"#32770", {}, id_, true, window_})) != nullptr;
+    return (found = topWindow(
+                {.className = L"#32770", .process = id_, .titled = true, .except = window_})) !=
+           nullptr;
   });
   return found;
 }

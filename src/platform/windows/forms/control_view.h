@@ -86,6 +86,8 @@ class ControlView : public Window {
   /// What a screen reader says instead of that: the control's own name, where it has one, and
   /// `shown`, what stands in the window.
   void setSpokenName(const std::wstring& shown);
+  /// What a screen reader says of the control further: the state of a lamp in words.
+  void setSpokenState(const std::wstring& state) { spokenState_.tell(handle(), state); }
   /// Draws the whole view onto `target`.
   void drawOn(HDC target);
   template <typename Signal, typename Handler>
@@ -109,6 +111,7 @@ class ControlView : public Window {
   std::vector<base::Subscription> subscriptions_;
   std::wstring toolTip_;
   SpokenName spokenName_;
+  SpokenName spokenState_{Spoken::Description};
   RECT placed_{};
   bool shown_ = true;
   bool hovered_ = false;

@@ -58,6 +58,11 @@ FaceButtonView::FaceButtonView(FormGround& ground, const controls::FaceButton& p
   bind();
 }
 
+void FaceButtonView::refresh() {
+  KeyButton::refresh();
+  if (parts_.lamp) setSpokenState(lampLit(inkOf(parts_.lamp->backColour())) ? L"on" : L"off");
+}
+
 std::wstring FaceButtonView::caption() const { return wideOf(parts_.button->caption()); }
 
 bool FaceButtonView::usable() const { return parts_.face->enabled() && parts_.button->enabled(); }

@@ -41,6 +41,7 @@ class FaceButtonView : public KeyButton {
 
  protected:
   void clicked() override { parts_.face->userClick(); }
+  void refresh() override;
   std::wstring caption() const override;
   bool usable() const override;
   std::wstring toolTip() const override;

@@ -3,6 +3,7 @@
 #include <commctrl.h>
 
 #include <algorithm>
+#include <string>
 
 #include "platform/windows/forms/quietly.h"
 #include "platform/windows/forms/wide_text.h"
@@ -17,12 +18,23 @@ constexpr Ink kOff{0x80, 0x80, 0x80};
 constexpr int kTickSize = 16;
 constexpr int kTickRoom = kTickSize + 8;
 
+std::wstring lampInWords(const Ink& colour) {
+  if (!lampLit(colour)) return L"off";
+  if (colour.red < 128) return colour.green < 128 ? L"blue" : L"green";
+  return colour.green < 128 ? L"red" : L"yellow";
+}
+
 }  // namespace
 
 LampView::LampView(FormGround& ground, controls::Label& label)
     : ControlView(ground, label), label_(label) {
   create({L"STATIC", WS_CHILD | WS_VISIBLE | WS_CLIPSIBLINGS | SS_NOTIFY, 0, ground.window()});
   bind();
+}
+
+void LampView::refresh() {
+  setSpokenName(lampInWords(inkOf(label_.backColour())));
+  repaint();
 }
 
 Extent LampView::extent() const {

@@ -7,13 +7,14 @@
 
 namespace nerolith::windows_forms {
 
-/// Shines in the label's back colour.
+/// Shines in the label's back colour; a screen reader says which that is.
 class LampView : public ControlView {
  public:
   LampView(FormGround& ground, controls::Label& label);
   Extent extent() const override;
 
  protected:
+  void refresh() override;
   void paint(Canvas& canvas) override;
   std::optional<LRESULT> onOwnMessage(UINT message, WPARAM first, LPARAM second) override;
 

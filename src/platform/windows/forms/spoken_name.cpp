@@ -6,15 +6,12 @@
 namespace nerolith::windows_forms {
 namespace {
 
-// Made once and kept: the system takes the names back with the windows in any case.
-IAccPropServices* service() {
-  static IAccPropServices* const made = [] {
-    void* service = nullptr;
-    const HRESULT result = CoCreateInstance(CLSID_AccPropServices, nullptr, CLSCTX_INPROC_SERVER,
-                                            IID_IAccPropServices, &service);
-    return SUCCEEDED(result) ? static_cast<IAccPropServices*>(service) : nullptr;
-  }();
-  return made;
+MSAAPROPID propertyOf(Spoken kind) {
+  return kind == Spoken::Name ? PROPID_ACC_NAME : PROPID_ACC_DESCRIPTION;
+}
+
+DWORD changeOf(Spoken kind) {
+  return kind == Spoken::Name ? EVENT_OBJECT_NAMECHANGE : EVENT_OBJECT_DESCRIPTIONCHANGE;
 }
 
 }  // namespace
@@ -25,19 +22,30 @@ std::wstring spokenWords(const std::wstring& name, const std::wstring& shown) {
 }
 
 SpokenName::~SpokenName() {
-  if (!window_ || !service()) return;
-  MSAAPROPID which = PROPID_ACC_NAME;
-  service()->ClearHwndProps(window_, static_cast<DWORD>(OBJID_CLIENT), CHILDID_SELF, &which, 1);
+  if (!service_) return;
+  const MSAAPROPID which = propertyOf(kind_);
+  service_->ClearHwndProps(window_, static_cast<DWORD>(OBJID_CLIENT), CHILDID_SELF, &which, 1);
+  service_->Release();
+}
+
+void SpokenName::askForService() {
+  if (asked_) return;
+  asked_ = true;
+  void* service = nullptr;
+  if (SUCCEEDED(CoCreateInstance(CLSID_AccPropServices, nullptr, CLSCTX_INPROC_SERVER,
+                                 IID_IAccPropServices, &service)))
+    service_ = static_cast<IAccPropServices*>(service);
 }
 
 void SpokenName::tell(HWND window, const std::wstring& words) {
   if (!window || (window == window_ && words == words_)) return;
   window_ = window;
   words_ = words;
-  if (!service()) return;
-  service()->SetHwndPropStr(window, static_cast<DWORD>(OBJID_CLIENT), CHILDID_SELF, PROPID_ACC_NAME,
-                            words.c_str());
-  NotifyWinEvent(EVENT_OBJECT_NAMECHANGE, window, OBJID_CLIENT, CHILDID_SELF);
+  askForService();
+  if (!service_) return;
+  service_->SetHwndPropStr(window, static_cast<DWORD>(OBJID_CLIENT), CHILDID_SELF,
+                           propertyOf(kind_), words.c_str());
+  NotifyWinEvent(changeOf(kind_), window, OBJID_CLIENT, CHILDID_SELF);
 }
 
 }  // namespace nerolith::windows_forms
