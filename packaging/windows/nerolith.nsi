@@ -23,6 +23,7 @@ VIAddVersionKey LegalCopyright "MIT licence"
 !define UNINSTALL_KEY "Software\Microsoft\Windows\CurrentVersion\Uninstall\Nerolith"
 !define CLASSES "Software\Classes"
 !define CAPABILITIES "Software\Quendrel\Nerolith\Capabilities"
+!define APPLICATION "${CLASSES}\Applications\velmarion.exe"
 !define MUI_ICON "${ICON}"
 !define MUI_UNICON "${ICON}"
 !define MUI_ABORTWARNING
@@ -38,6 +39,20 @@ VIAddVersionKey LegalCopyright "MIT licence"
 !insertmacro MUI_UNPAGE_COMPONENTS
 !insertmacro MUI_UNPAGE_INSTFILES
 !insertmacro MUI_LANGUAGE "English"
+
+!macro SupportedType ENDING
+  WriteRegStr HKCU "${APPLICATION}\SupportedTypes" "${ENDING}" ""
+!macroend
+!macro FolderVerb KIND
+  WriteRegStr HKCU "${CLASSES}\${KIND}\shell\Nerolith" "" "Open in Nerolith"
+  WriteRegStr HKCU "${CLASSES}\${KIND}\shell\Nerolith" "Icon" "$INSTDIR\velmarion.exe,0"
+  WriteRegStr HKCU "${CLASSES}\${KIND}\shell\Nerolith\command" "" '"$INSTDIR\velmarion.exe" "%1"'
+!macroend
+!macro RemoveFolderVerb KIND
+  DeleteRegKey HKCU "${CLASSES}\${KIND}\shell\Nerolith"
+  DeleteRegKey /ifempty HKCU "${CLASSES}\${KIND}\shell"
+  DeleteRegKey /ifempty HKCU "${CLASSES}\${KIND}"
+!macroend
 
 Section "Nerolith" SecProgram
   SectionIn RO
@@ -90,10 +105,29 @@ Section "Offer Nerolith for .m3u playlists" SecPlaylists
   System::Call 'shell32::SHChangeNotify(i 0x08000000, i 0, p 0, p 0)'
 SectionEnd
 
+; Among the programs of "Open with" for the songs that the player lists, and in the menu of folders.
+Section "Offer Nerolith for songs and folders" SecSongs
+  WriteRegStr HKCU "${APPLICATION}" "FriendlyAppName" "Nerolith"
+  WriteRegStr HKCU "${APPLICATION}\DefaultIcon" "" "$INSTDIR\velmarion.exe,0"
+  WriteRegStr HKCU "${APPLICATION}\shell\open\command" "" '"$INSTDIR\velmarion.exe" "%1"'
+  !insertmacro SupportedType ".mp3"
+  !insertmacro SupportedType ".mp2"
+  !insertmacro SupportedType ".mpg"
+  !insertmacro SupportedType ".wav"
+  !insertmacro SupportedType ".wma"
+  !insertmacro SupportedType ".asf"
+  !insertmacro SupportedType ".mid"
+  !insertmacro SupportedType ".aif"
+  !insertmacro FolderVerb "Directory"
+  !insertmacro FolderVerb "Drive"
+  System::Call 'shell32::SHChangeNotify(i 0x08000000, i 0, p 0, p 0)'
+SectionEnd
+
 !insertmacro MUI_FUNCTION_DESCRIPTION_BEGIN
   !insertmacro MUI_DESCRIPTION_TEXT ${SecProgram} "The player and its uninstaller."
   !insertmacro MUI_DESCRIPTION_TEXT ${SecMenu} "Nerolith among the programs of the start menu."
   !insertmacro MUI_DESCRIPTION_TEXT ${SecPlaylists} "Nerolith among the programs that Windows offers to open a .m3u file."
+  !insertmacro MUI_DESCRIPTION_TEXT ${SecSongs} "Nerolith under 'Open with' for songs, and 'Open in Nerolith' in the menu of folders and drives."
 !insertmacro MUI_FUNCTION_DESCRIPTION_END
 
 Section "un.Nerolith" UnProgram
@@ -115,6 +149,10 @@ Section "un.Nerolith" UnProgram
   DeleteRegKey /ifempty HKCU "${CLASSES}\.m3u\OpenWithProgids"
   DeleteRegKey /ifempty HKCU "${CLASSES}\.m3u"
   DeleteRegKey HKCU "${CLASSES}\Nerolith.Playlist"
+  DeleteRegKey HKCU "${APPLICATION}"
+  DeleteRegKey /ifempty HKCU "${CLASSES}\Applications"
+  !insertmacro RemoveFolderVerb "Directory"
+  !insertmacro RemoveFolderVerb "Drive"
   DeleteRegValue HKCU "Software\RegisteredApplications" "Nerolith"
   DeleteRegKey HKCU "${UNINSTALL_KEY}"
   DeleteRegKey HKCU "Software\Quendrel\Nerolith"

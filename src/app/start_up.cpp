@@ -105,8 +105,9 @@ void StartUp::open(const std::string& path) {
 
 /// A name may have a comma in it: what is there by the whole text is meant by it.
 CommandLine StartUp::read(const std::string& commandLine, const std::string& directory) const {
+  const std::string path = wholePath(commandLine, directory);
   const bool named = commandLine.find(',') != commandLine.npos &&
-                     machine_.files.fileExists(wholePath(commandLine, directory));
+                     (machine_.files.fileExists(path) || machine_.files.folderExists(path));
   return named ? CommandLine{commandLine, "1"} : parseCommandLine(commandLine);
 }
 

@@ -28,7 +28,9 @@ until_true() {
 leftovers() {
     find "$drive" -iname '*nerolith*' -not -path '*/Temp/*' -o -iname 'velmarion*'
     for key in 'HKCU\Software\Quendrel' 'HKCU\Software\Classes\Nerolith.Playlist' \
-        'HKCU\Software\Classes\.m3u' \
+        'HKCU\Software\Classes\.m3u' 'HKCU\Software\Classes\Applications\velmarion.exe' \
+        'HKCU\Software\Classes\Directory\shell\Nerolith' \
+        'HKCU\Software\Classes\Drive\shell\Nerolith' \
         'HKCU\Software\Microsoft\Windows\CurrentVersion\Uninstall\Nerolith'; do
         run reg query "$key" 2>/dev/null | grep -a 'HKEY_'
     done
@@ -67,6 +69,12 @@ run reg query 'HKCU\Software\Classes\.m3u\OpenWithProgids' | grep -aq Nerolith.P
     fail "not offered for .m3u"
 run reg query 'HKCU\Software\Classes\Nerolith.Playlist\shell\open\command' | grep -aq velmarion ||
     fail "no command to open a playlist"
+run reg query 'HKCU\Software\Classes\Applications\velmarion.exe\SupportedTypes' | grep -aq .mp3 ||
+    fail "not offered for songs"
+for kind in Directory Drive; do
+    run reg query "HKCU\\Software\\Classes\\$kind\\shell\\Nerolith\\command" |
+        grep -aq 'velmarion.exe" "%1"' || fail "no command to open a $kind"
+done
 
 run "$exe" >/dev/null &
 until_true 60 window_shown || fail "the installed program shows no window"

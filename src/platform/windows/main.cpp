@@ -9,7 +9,9 @@
 #include <string_view>
 #include <vector>
 
+#include "app/command_line.h"
 #include "app/program.h"
+#include "base/failure_policy.h"
 #include "platform/windows/com_apartment.h"
 #include "platform/windows/directshow_graphs.h"
 #include "platform/windows/directsound_capture.h"
@@ -23,7 +25,10 @@
 #include "platform/windows/windows_byte_files.h"
 #include "platform/windows/windows_dialogs.h"
 #include "platform/windows/windows_file_system.h"
+#include "platform/windows/windows_first_instance.h"
+#include "platform/windows/windows_media_controls.h"
 #include "platform/windows/windows_output_files.h"
+#include "platform/windows/windows_power_request.h"
 #include "platform/windows/windows_text_encoding.h"
 #include "recording/wave_command.h"
 
@@ -116,11 +121,21 @@ HWND windowInFront() {
   return active ? GetAncestor(active, GA_ROOT) : nullptr;
 }
 
-int runPlayer(const std::string& commandLine) {
+/// Whether this run is the player. If not, the one that runs has taken what this one was asked for.
+/// A question about the usage is answered by whoever was asked.
+bool isThePlayer(platform::FirstInstance& instance, const platform::FileSystem& files,
+                 const std::string& commandLine) {
+  if (app::parseCommandLine(commandLine).asksForUsage()) return true;
+  platform::StartRequest request{"C:\\", commandLine};
+  base::goOn([&] { request.directory = files.currentDirectory(); });
+  return instance.claim(request);
+}
+
+int play(windows::WindowsFileSystem& files, platform::FirstInstance& instance,
+         const std::string& commandLine) {
   const windows::ComApartment com;
   windows_forms::Win32EventQueue events;
   windows_forms::Win32WindowHost forms(events);
-  windows::WindowsFileSystem files;
   windows::WindowsDialogs dialogs(windowInFront, [&files] { return files.currentDirectory(); });
   windows::WindowsByteFiles bytes(files);
   windows::WindowsTextEncoding encoding;
@@ -131,15 +146,26 @@ int runPlayer(const std::string& commandLine) {
   windows::DirectSoundCapture capture;
   windows::DirectSoundTone tone;
   windows::WindowsOutputFiles output(files);
-  platform::NoMediaControls media;
-  platform::NoPowerRequest power;
+  windows::WindowsMediaControls media;
+  windows::WindowsPowerRequest power;
   const platform::Machine machine{sound,   files,  settings, dialogs, pictures,
                                   clock,   events, forms,    bytes,   encoding,
                                   capture, tone,   output,   media,   power};
 
   app::Program program(machine);
+  forms.listen(program.mainForm().form,
+               [&media](HWND window, UINT message, WPARAM first, LPARAM second) {
+                 return media.onMessage(window, message, first, second);
+               });
   program.start(commandLine);
+  instance.listen([&program](const platform::StartRequest& later) { program.takeOver(later); });
   return events.run();
+}
+
+int runPlayer(const std::string& commandLine) {
+  windows::WindowsFileSystem files;
+  windows::WindowsFirstInstance instance;
+  return isThePlayer(instance, files, commandLine) ? play(files, instance, commandLine) : 0;
 }
 
 }  // namespace

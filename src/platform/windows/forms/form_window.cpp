@@ -300,6 +300,12 @@ LRESULT FormWindow::bounded(MINMAXINFO& bounds) const {
 }
 
 std::optional<LRESULT> FormWindow::onMessage(UINT message, WPARAM first, LPARAM second) {
+  if (listener_)
+    if (const auto answer = listener_(handle(), message, first, second)) return answer;
+  return onFormMessage(message, first, second);
+}
+
+std::optional<LRESULT> FormWindow::onFormMessage(UINT message, WPARAM first, LPARAM second) {
   switch (message) {
     case WM_COMMAND:
       return toView(reinterpret_cast<HWND>(second), message, first, second);

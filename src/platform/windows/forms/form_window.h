@@ -1,7 +1,9 @@
 // One form as a window.
 #pragma once
 
+#include <functional>
 #include <memory>
+#include <utility>
 #include <vector>
 
 #include "controls/form.h"
@@ -23,6 +25,10 @@ class FormWindow : public Window, private FormGround {
 
   /// Shown to it before the message goes to its window; true: the message is done with.
   bool takesMessage(const MSG& message);
+
+  /// Hears each message of the window before the window itself; what it answers is done with.
+  using Listener = std::function<std::optional<LRESULT>(HWND, UINT, WPARAM, LPARAM)>;
+  void setListener(Listener listener) { listener_ = std::move(listener); }
 
  protected:
   std::optional<LRESULT> onMessage(UINT message, WPARAM first, LPARAM second) override;
@@ -73,8 +79,10 @@ class FormWindow : public Window, private FormGround {
   LRESULT sized(WPARAM kind);
   LRESULT dpiChanged(int dpi, const RECT& place);
   LRESULT bounded(MINMAXINFO& bounds) const;
+  std::optional<LRESULT> onFormMessage(UINT message, WPARAM first, LPARAM second);
 
   controls::Form& form_;
+  Listener listener_;
   std::unique_ptr<Theme> theme_;
   Backdrop backdrop_;
   std::unique_ptr<FormLayout> layout_;

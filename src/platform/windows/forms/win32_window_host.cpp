@@ -2,10 +2,10 @@
 
 #include <commctrl.h>
 
+#include <utility>
 #include <vector>
 
 #include "platform/windows/forms/form_timer.h"
-#include "platform/windows/forms/form_window.h"
 #include "platform/windows/forms/quietly.h"
 
 namespace nerolith::windows_forms {
@@ -22,10 +22,12 @@ struct Win32WindowHost::Hosted {
     if (window || !form.visible()) return;
     const FormWindow* owner = form.owner() ? host.windowOf(*form.owner()) : nullptr;
     window = std::make_unique<FormWindow>(form, owner ? owner->handle() : nullptr);
+    window->setListener(listener);
   }
 
   const Win32WindowHost& host;
   controls::Form& form;
+  FormWindow::Listener listener;
   std::unique_ptr<FormWindow> window;
   std::vector<std::unique_ptr<FormTimer>> timers;
   base::Subscription subscription;
@@ -45,6 +47,12 @@ void Win32WindowHost::add(controls::Form& form) {
 }
 
 void Win32WindowHost::remove(controls::Form& form) { forms_.erase(&form); }
+
+void Win32WindowHost::listen(const controls::Form& form, FormWindow::Listener listener) {
+  Hosted& hosted = *forms_.at(&form);
+  hosted.listener = std::move(listener);
+  if (hosted.window) hosted.window->setListener(hosted.listener);
+}
 
 FormWindow* Win32WindowHost::windowOf(const controls::Form& form) const {
   const auto found = forms_.find(&form);

@@ -5,11 +5,10 @@
 #include <memory>
 
 #include "platform/window_host.h"
+#include "platform/windows/forms/form_window.h"
 #include "platform/windows/forms/win32_event_queue.h"
 
 namespace nerolith::windows_forms {
-
-class FormWindow;
 
 /// Makes a window for each form, at the latest when the form is shown for the first time: forms
 /// that nobody opens cost nothing. The event queue outlives it; all on its thread.
@@ -20,6 +19,10 @@ class Win32WindowHost : public platform::WindowHost {
 
   void add(controls::Form& form) override;
   void remove(controls::Form& form) override;
+
+  /// What is to hear the messages of a form's window once it is made, before the form does. The
+  /// form was added; the listener outlives it.
+  void listen(const controls::Form& form, FormWindow::Listener listener);
 
   /// The window of a form that was shown; nullptr before.
   FormWindow* windowOf(const controls::Form& form) const;
