@@ -86,6 +86,14 @@ TEST_F(LaterStart, ANameWithACommaIsTakenWhole) {
   EXPECT_EQ(playing(), "rise, and fall.mp3");
 }
 
+// As the desktop's file browser names it.
+TEST_F(LaterStart, SoIsAFolderWithAComma) {
+  machine.files.addFile("D:\\Rock, and more\\x.mp3");
+  startAgain("D:\\Rock, and more");
+  EXPECT_EQ(form().Text2.text(), "D:\\Rock, and more\\");
+  EXPECT_EQ(form().List1.count(), 1);
+}
+
 TEST_F(LaterStart, AFileKeepsTheRememberedFolderAndALaterModeDoesNotChangeThat) {
   startAgain("D:\\music\\b.mp3");
   startAgain("2");
