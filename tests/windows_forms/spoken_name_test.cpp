@@ -56,7 +56,7 @@ std::vector<HWND> shownChildren(HWND window) {
 /// What a screen reader says of each control that is shown, and which of them it has no words for.
 struct Reading {
   std::set<std::wstring> names;
-  std::vector<std::wstring> nameless;
+  std::string nameless;
 };
 
 Reading readingOf(HWND window, const SpokenService& service) {
@@ -69,7 +69,7 @@ Reading readingOf(HWND window, const SpokenService& service) {
     reading.names.insert(name);
     // A line that shows nothing is nothing to be read; the list's header is hidden behind no name.
     const bool mute = lstrcmpiW(kind, L"STATIC") == 0 || lstrcmpiW(kind, L"SysHeader32") == 0;
-    if (name.empty() && !mute) reading.nameless.push_back(kind);
+    if (name.empty() && !mute) reading.nameless += utf8Of(kind) + " ";
   }
   return reading;
 }
@@ -88,7 +88,7 @@ struct SpokenForms : testing::Test {
 
 TEST_F(SpokenForms, EveryControlOfTheMainWindowHasItsName) {
   const Reading reading = readingOf(shown.window(), service);
-  EXPECT_TRUE(reading.nameless.empty());
+  EXPECT_EQ(reading.nameless, "");
   for (const wchar_t* name :
        {L"Time 00:00", L"Select count 0", L"List count 0", L"Total selected playtime 00:00",
         L"Songs", L"Position", L"Drive", L"Folder", L"Level of deck A", L"Level of deck B",
@@ -102,7 +102,7 @@ TEST_F(SpokenForms, EveryControlOfTheOtherWindowsHasItsName) {
   forms::EditorForm editor;
   for (controls::Form* form : {&settings.form, &recording.form, &editor.form_4}) {
     const Reading reading = readingOf(showBeside(*form), service);
-    EXPECT_TRUE(reading.nameless.empty()) << form->caption();
+    EXPECT_EQ(reading.nameless, "") << form->caption();
   }
   const Reading limits = readingOf(shown.host.windowOf(recording.form)->handle(), service);
   for (const wchar_t* name : {L"Peak indicator green", L"Peak level", L"Stop recording at MB"})

@@ -15,6 +15,7 @@ template <typename Interface>
 struct Inspectable : Interface {
   HRESULT WINAPI QueryInterface(REFIID, void** found) override {
     *found = this;
+    AddRef();
     return S_OK;
   }
   ULONG WINAPI AddRef() override { return ++references; }

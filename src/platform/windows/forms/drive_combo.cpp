@@ -25,6 +25,7 @@ DriveCombo::DriveCombo(FormGround& ground, controls::DriveListBox& drives)
           0, ground.window()});
   themeChanged();
   setName(wideOf(drives.accessibleName()));
+  setSpokenName({});
   bind();
 }
 

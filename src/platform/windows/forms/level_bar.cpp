@@ -19,6 +19,7 @@ LevelBar::LevelBar(FormGround& ground, controls::ProgressBar& bar, controls::Loo
   create({PROGRESS_CLASSW, WS_CHILD | WS_VISIBLE | WS_CLIPSIBLINGS, 0, ground.window()});
   SendMessageW(handle(), PBM_SETRANGE32, 0, 100);
   setName(wideOf(bar.accessibleName()));
+  setSpokenName({});
   bind();
 }
 

@@ -21,6 +21,7 @@ MeterBar::MeterBar(FormGround& ground, controls::ProgressBar& bar)
   create({PROGRESS_CLASSW, WS_CHILD | WS_VISIBLE | WS_CLIPSIBLINGS, 0, ground.window()});
   SendMessageW(handle(), PBM_SETRANGE32, 0, 100);
   setName(wideOf(bar.accessibleName()));
+  setSpokenName({});
   bind();
 }
 

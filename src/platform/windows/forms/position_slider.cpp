@@ -22,6 +22,7 @@ PositionSlider::PositionSlider(FormGround& ground, controls::ScrollBar& bar)
           WS_CHILD | WS_VISIBLE | WS_CLIPSIBLINGS | WS_TABSTOP | TBS_HORZ | TBS_NOTICKS, 0,
           ground.window()});
   setName(wideOf(bar.accessibleName()));
+  setSpokenName({});
   bind();
 }
 

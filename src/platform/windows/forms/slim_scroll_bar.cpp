@@ -14,7 +14,8 @@ constexpr double kShortest = 28;
 }  // namespace
 
 SlimScrollBar::SlimScrollBar(FormGround& ground, HWND list) : ground_(ground), list_(list) {
-  create({plainClass(), WS_CHILD | WS_VISIBLE | WS_CLIPSIBLINGS, 0, ground.window()});
+  create(
+      {plainClass(), WS_CHILD | WS_VISIBLE | WS_CLIPSIBLINGS, 0, ground.window(), L"Scroll bar"});
 }
 
 void SlimScrollBar::place(const RECT& area) {

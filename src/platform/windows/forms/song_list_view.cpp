@@ -36,6 +36,7 @@ SongListView::SongListView(FormGround& ground, controls::ListBox& list)
   bar_ = std::make_unique<SlimScrollBar>(ground, handle());
   themeChanged();
   setName(wideOf(list.accessibleName()));
+  setSpokenName({});
   on(list_.itemsChanged, [this] { quietly([this] { followItems(); }); });
   on(list_.selectionChanged, [this] { quietly([this] { followSelection(); }); });
   on(list_.marksChanged, [this] { repaint(); });
