@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include "endtoend/section_window.h"
-#include "endtoend/shipped_program.h"
 #include "endtoend/stage.h"
 #include "endtoend/window_places.h"
 
@@ -31,10 +30,6 @@ struct WindowsScreenshots : testing::Test {
     pauseFor(0.5);
     return shown;
   }
-  void type(const std::string& text) {
-    runToEnd(stage.desktop.command({"xdotool", "type", "--delay", "20", text}));
-  }
-
   void open() {
     stage.prepare({"Amber Lanes - Harbour Lights.wav", "Amber Lanes - Low Tide.wav",
                    "Brass Meridian - Evening Post.wav", "Cora Whitfield - Paper Boats.wav",
@@ -75,16 +70,6 @@ TEST_F(WindowsScreenshots, OfEachWindowAndOfTheMenu) {
   const SectionWindow section(stage.desktop, *stage.player);
   take("recording.png");
   section.exit();
-
-  keys({"Home", "alt+a"});
-  ASSERT_TRUE(comes("Add selected files to playlist"));
-  type(toldAs(stage.desktop.scratch()) + "party.m3u");
-  take("dialog.png");
-  pauseFor(0.3);
-  keys({"Return"});
-  EXPECT_TRUE(comes("Add files to playlist"));
-  take("editor.png");
-  keys({"Escape"});
 }
 
 }  // namespace
