@@ -34,7 +34,7 @@ class FakeLogind : public QObject {
     return pipe_[0] >= 0 && (poll(&end, 1, 0) == 0 || !(end.revents & POLLHUP));
   }
 
- public Q_SLOTS:
+ public Q_SLOTS:  // NOLINT(readability-redundant-access-specifiers): the toolkit's own
   QDBusUnixFileDescriptor Inhibit(const QString& what, const QString& who, const QString& why,
                                   const QString& mode) {
     asked << QStringList{what, who, why, mode}.join(", ");
@@ -59,7 +59,7 @@ class FakeGnome : public QObject, protected QDBusContext {
 
   void answer() { connection().send(waiting_.createReply(42U)); }
 
- public Q_SLOTS:
+ public Q_SLOTS:  // NOLINT(readability-redundant-access-specifiers): the toolkit's own
   uint Inhibit(const QString& application, uint window, const QString& why, uint flags) {
     log << QStringLiteral("hold %1, %2, %3, %4").arg(application).arg(window).arg(why).arg(flags);
     if (late) {
@@ -88,7 +88,7 @@ class FakePowerManagement : public QObject {
  public:
   QStringList log;
 
- public Q_SLOTS:
+ public Q_SLOTS:  // NOLINT(readability-redundant-access-specifiers): the toolkit's own
   uint Inhibit(const QString& application, const QString& why) {
     log << QStringLiteral("hold %1, %2").arg(application, why);
     return 7;

@@ -34,7 +34,7 @@ class MprisRoot : public QDBusAbstractAdaptor {
   QStringList supportedUriSchemes() const;
   QStringList supportedMimeTypes() const;
 
- public Q_SLOTS:
+ public Q_SLOTS:  // NOLINT(readability-redundant-access-specifiers): the toolkit's own
   void Raise();
   void Quit();
 
@@ -85,7 +85,7 @@ class MprisPlayer : public QDBusAbstractAdaptor {
   bool canSeek() const { return status_.canSeek; }
   bool canControl() const { return true; }
 
- public Q_SLOTS:
+ public Q_SLOTS:  // NOLINT(readability-redundant-access-specifiers): the toolkit's own
   void Next();
   void Previous() {}
   void Pause();

@@ -16,7 +16,7 @@ constexpr QLatin1String kName("org.mpris.MediaPlayer2.velmarion");
 
 MprisControls::MprisControls() : bus_(kConnection) {}
 
-MprisControls::~MprisControls() { close(); }
+MprisControls::~MprisControls() { MprisControls::close(); }
 
 void MprisControls::open(platform::MediaCommands& commands) {
   if (onBus_) return;

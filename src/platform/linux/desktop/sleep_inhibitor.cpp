@@ -49,7 +49,7 @@ SleepTicket::GiveBack givingBack(const QDBusConnection& bus, const Service& at,
 }  // namespace
 
 SleepInhibitor::SleepInhibitor() = default;
-SleepInhibitor::~SleepInhibitor() { release(); }
+SleepInhibitor::~SleepInhibitor() { SleepInhibitor::release(); }
 
 void SleepInhibitor::hold(Why why) {
   const QString who = QStringLiteral("Nerolith");

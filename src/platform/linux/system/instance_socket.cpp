@@ -26,7 +26,7 @@ using std::chrono::steady_clock;
 namespace {
 
 /// More than any command line that the system lets through.
-constexpr std::size_t kLongestPacket = 192 * 1024;
+constexpr std::size_t kLongestPacket = std::size_t{192} * 1024;
 /// A run that connected sends at once; one that does not must not hold up the window.
 constexpr int kPacketPatience = 200;
 constexpr milliseconds kRetry(20);
@@ -160,7 +160,7 @@ std::optional<StartRequest> InstanceSocket::take() const {
   std::string packet(kLongestPacket, '\0');
   const ssize_t length = recv(from.value, packet.data(), packet.size(), MSG_DONTWAIT);
   if (length <= 0) return std::nullopt;
-  const auto request = requestOf(std::string_view(packet).substr(0, std::size_t(length)));
+  auto request = requestOf(std::string_view(packet).substr(0, std::size_t(length)));
   if (!request || send(from.value, &kTaken, 1, MSG_NOSIGNAL) != 1) return std::nullopt;
   return request;
 }
