@@ -5,19 +5,14 @@
 #include <optional>
 
 #include "base/letter_case.h"
+#include "base/trimmed.h"
 
 namespace nerolith::app {
 namespace {
 
-std::string_view trimmed(std::string_view text) {
-  const auto first = text.find_first_not_of(" \t");
-  if (first == text.npos) return {};
-  return text.substr(first, text.find_last_not_of(" \t") - first + 1);
-}
-
 /// Only a text that is a number from end to end: "3 Doors.mp3" is a song, not a mode.
 std::optional<double> wholeNumber(std::string_view item) {
-  const std::string_view text = trimmed(item);
+  const std::string_view text = base::trimmed(item, " \t");
   double value = 0;
   const auto result = std::from_chars(text.data(), text.data() + text.size(), value);
   if (text.empty() || result.ec != std::errc() || result.ptr != text.data() + text.size())

@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "base/letter_case.h"
+#include "base/trimmed.h"
 
 namespace nerolith::base {
 namespace {
@@ -33,12 +34,6 @@ bool matchesOne(std::string_view pattern, std::string_view name) {
   }
   while (p < pattern.size() && pattern[p] == '*') ++p;
   return p == pattern.size();
-}
-
-std::string_view trimmed(std::string_view text) {
-  while (!text.empty() && text.front() == ' ') text.remove_prefix(1);
-  while (!text.empty() && text.back() == ' ') text.remove_suffix(1);
-  return text;
 }
 
 struct SortedName {

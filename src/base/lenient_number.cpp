@@ -6,6 +6,8 @@
 #include <charconv>
 #include <limits>
 
+#include "base/trimmed.h"
+
 namespace nerolith::base {
 namespace {
 
@@ -16,11 +18,6 @@ constexpr std::string_view kBlanks = " \t\r\n";
 std::string_view skipBlanks(std::string_view text) {
   const auto start = text.find_first_not_of(kBlanks);
   return start == std::string_view::npos ? std::string_view{} : text.substr(start);
-}
-
-std::string_view trimmed(std::string_view text) {
-  text = skipBlanks(text);
-  return text.substr(0, text.find_last_not_of(kBlanks) + 1);
 }
 
 /// Whether a number too small or too large for a double is the small kind: its exponent says so,
@@ -61,7 +58,7 @@ double leadingNumber(std::string_view text) {
 }
 
 bool toBoolean(std::string_view text) {
-  const std::string_view word = trimmed(text);
+  const std::string_view word = trimmed(text, kBlanks);
   if (equalsIgnoringCase(word, "true")) return true;
   if (equalsIgnoringCase(word, "false")) return false;
   return leadingNumber(word) != 0.0;

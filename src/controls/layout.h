@@ -2,6 +2,7 @@
 #pragma once
 
 #include <string>
+#include <type_traits>
 #include <variant>
 #include <vector>
 
@@ -56,6 +57,23 @@ struct LampSwitch {
 using PlacedControl = std::variant<std::monostate, Label*, CommandButton*, OptionButton*, CheckBox*,
                                    TextBox*, ListBox*, ScrollBar*, ProgressBar*, DriveListBox*,
                                    DirListBox*, FaceButton, LampSwitch>;
+
+/// What tells one placed control from another; nullptr where nothing is placed.
+inline const void* identityOf(const PlacedControl& control) {
+  return std::visit(
+      [](const auto& placed) -> const void* {
+        using Placed = std::decay_t<decltype(placed)>;
+        if constexpr (std::is_same_v<Placed, std::monostate>)
+          return nullptr;
+        else if constexpr (std::is_same_v<Placed, FaceButton>)
+          return placed.face;
+        else if constexpr (std::is_same_v<Placed, LampSwitch>)
+          return placed.words;
+        else
+          return placed;
+      },
+      control);
+}
 
 /// A box of boxes. Lengths are in pixels at 96 dots per inch; renderers scale them. The order of
 /// the declaration is the tab order.

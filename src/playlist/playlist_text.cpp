@@ -3,18 +3,13 @@
 #include <utility>
 
 #include "base/failure.h"
+#include "base/trimmed.h"
 #include "playlist/path_address.h"
 
 namespace nerolith::playlist {
 namespace {
 
 constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
-
-std::string_view withoutBlanks(std::string_view line) {
-  const std::size_t first = line.find_first_not_of(' ');
-  if (first == std::string_view::npos) return {};
-  return line.substr(first, line.find_last_not_of(' ') - first + 1);
-}
 
 }  // namespace
 
@@ -51,7 +46,7 @@ void PlaylistReader::endLine(std::string_view rest) {
 void PlaylistReader::addLine(std::string_view line) {
   const bool marked = std::exchange(firstLine_, false) && line.starts_with(kByteOrderMark);
   if (marked) line.remove_prefix(kByteOrderMark.size());
-  line = withoutBlanks(line);
+  line = base::trimmed(line);
   if (line.starts_with('#')) return;
   if (line.empty() && emptyLines_ == EmptyLines::Skipped) return;
   entries_.push_back(pathOfLine(encoding_.textOf(line)));

@@ -64,7 +64,7 @@ DriveCombo::DriveCombo(controls::DriveListBox& drives, QWidget* parent)
 }
 
 void DriveCombo::refresh() {
-  const EchoGuard::Hold hold(echo_);
+  const controls::EchoGuard::Hold hold(echo_);
   if (shown_ != drives_.drives()) {
     shown_ = drives_.drives();
     clear();

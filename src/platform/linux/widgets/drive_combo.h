@@ -3,8 +3,8 @@
 
 #include <QComboBox>
 
+#include "controls/echo_guard.h"
 #include "controls/file_lists.h"
-#include "platform/linux/widgets/echo_guard.h"
 
 namespace nerolith::widgets {
 
@@ -34,7 +34,7 @@ class DriveCombo : public QComboBox {
 
   controls::DriveListBox& drives_;
   std::vector<controls::DriveEntry> shown_;
-  EchoGuard echo_;
+  controls::EchoGuard echo_;
   bool focusByPress_ = false;
   bool dropsBelow_ = false;
 };

@@ -66,23 +66,6 @@ struct Maker {
   }
 };
 
-/// What tells one placed control from another.
-const void* identity(const controls::PlacedControl& control) {
-  return std::visit(
-      [](const auto& placed) -> const void* {
-        using Placed = std::decay_t<decltype(placed)>;
-        if constexpr (std::is_same_v<Placed, std::monostate>)
-          return nullptr;
-        else if constexpr (std::is_same_v<Placed, controls::FaceButton>)
-          return placed.face;
-        else if constexpr (std::is_same_v<Placed, controls::LampSwitch>)
-          return placed.words;
-        else
-          return placed;
-      },
-      control);
-}
-
 }  // namespace
 
 void LayoutBuilder::build(const Box& root) {
@@ -104,7 +87,7 @@ QWidget* LayoutBuilder::addOverlay(const controls::Overlay& overlay) {
 
 QWidget* LayoutBuilder::widgetOf(const controls::PlacedControl& control) const {
   for (const Built& built : built_)
-    if (identity(built.control) == identity(control)) return built.widget;
+    if (controls::identityOf(built.control) == controls::identityOf(control)) return built.widget;
   return nullptr;
 }
 

@@ -28,7 +28,7 @@ PositionSlider::PositionSlider(controls::ScrollBar& bar, QWidget* parent)
 }
 
 void PositionSlider::refresh() {
-  const EchoGuard::Hold hold(echo_);
+  const controls::EchoGuard::Hold hold(echo_);
   setRange(std::min(bar_.min(), bar_.max()), std::max(bar_.min(), bar_.max()));
   setSingleStep(bar_.smallChange());
   setPageStep(bar_.largeChange());

@@ -3,8 +3,8 @@
 
 #include <QSlider>
 
+#include "controls/echo_guard.h"
 #include "controls/scroll_bar.h"
-#include "platform/linux/widgets/echo_guard.h"
 
 namespace nerolith::widgets {
 
@@ -33,7 +33,7 @@ class PositionSlider : public QSlider {
   QRectF track() const;
 
   controls::ScrollBar& bar_;
-  EchoGuard echo_;
+  controls::EchoGuard echo_;
   bool dragging_ = false;
 };
 

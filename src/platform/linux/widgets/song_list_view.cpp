@@ -41,13 +41,13 @@ SongListView::SongListView(controls::ListBox& list, QWidget* parent)
 }
 
 void SongListView::followItems() {
-  const EchoGuard::Hold hold(echo_);
+  const controls::EchoGuard::Hold hold(echo_);
   model_->reload();
   verticalScrollBar()->setSingleStep(theme::kRowHeight);
 }
 
 void SongListView::followSelection() {
-  const EchoGuard::Hold hold(echo_);
+  const controls::EchoGuard::Hold hold(echo_);
   const int row = list_.listIndex();
   if (row != currentIndex().row()) {
     setCurrentIndex(row < 0 ? QModelIndex() : model_->index(row));

@@ -3,8 +3,8 @@
 
 #include <QListView>
 
+#include "controls/echo_guard.h"
 #include "controls/list_box.h"
-#include "platform/linux/widgets/echo_guard.h"
 
 namespace nerolith::widgets {
 
@@ -47,7 +47,7 @@ class SongListView : public QListView {
   controls::ListBox& list_;
   SongListModel* model_;
   std::vector<base::Subscription> subscriptions_;
-  EchoGuard echo_;
+  controls::EchoGuard echo_;
   int anchor_ = 0;
   int pressedRow_ = kNowhere;  // where the button went down that is to be let go there
   bool sweeping_ = false;

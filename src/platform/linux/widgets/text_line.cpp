@@ -28,7 +28,7 @@ TextLine::TextLine(controls::TextBox& box, controls::Look look, QWidget* parent)
 
 void TextLine::refresh() {
   const QString text = QString::fromStdString(box_.text());
-  const EchoGuard::Hold hold(echo_);
+  const controls::EchoGuard::Hold hold(echo_);
   update();
   // Setting it anew would move the cursor of the user who is typing.
   if (this->text() != text) setText(text);

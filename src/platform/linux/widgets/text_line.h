@@ -3,9 +3,9 @@
 
 #include <QLineEdit>
 
+#include "controls/echo_guard.h"
 #include "controls/layout.h"
 #include "controls/text_box.h"
-#include "platform/linux/widgets/echo_guard.h"
 
 namespace nerolith::widgets {
 
@@ -23,7 +23,7 @@ class TextLine : public QLineEdit {
   void refresh();
 
   controls::TextBox& box_;
-  EchoGuard echo_;
+  controls::EchoGuard echo_;
 };
 
 }  // namespace nerolith::widgets

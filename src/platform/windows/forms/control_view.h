@@ -6,8 +6,8 @@
 #include <vector>
 
 #include "controls/control.h"
+#include "controls/echo_guard.h"
 #include "controls/layout.h"
-#include "platform/windows/forms/echo_guard.h"
 #include "platform/windows/forms/form_ground.h"
 #include "platform/windows/forms/spoken_name.h"
 #include "platform/windows/forms/window.h"
@@ -96,7 +96,7 @@ class ControlView : public Window {
   }
 
   FormGround& ground_;
-  EchoGuard echo_;
+  controls::EchoGuard echo_;
 
  private:
   void passMouse(UINT message);

@@ -57,7 +57,7 @@ int DriveCombo::chosen() const {
 }
 
 void DriveCombo::refresh() {
-  const EchoGuard::Hold hold(echo_);
+  const controls::EchoGuard::Hold hold(echo_);
   if (listed_ != drives_.drives()) {
     listed_ = drives_.drives();
     SendMessageW(handle(), CB_RESETCONTENT, 0, 0);

@@ -58,7 +58,7 @@ ControlView* FormLayout::keep(std::unique_ptr<ControlView> view,
   if (!view) return nullptr;
   // The tab order is that of the windows among themselves.
   SetWindowPos(view->handle(), HWND_BOTTOM, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
-  known_.push_back({identityOf(control), view.get()});
+  known_.push_back({controls::identityOf(control), view.get()});
   views_.push_back(std::move(view));
   return views_.back().get();
 }
@@ -72,14 +72,14 @@ ControlView* FormLayout::addOverlay(const controls::Overlay& overlay) {
   auto place = std::find_if(views_.begin(), views_.end(),
                             [anchor](const auto& other) { return other.get() == anchor; });
   if (place != views_.end()) ++place;
-  known_.push_back({identityOf(overlay.control), made});
+  known_.push_back({controls::identityOf(overlay.control), made});
   views_.insert(place, std::move(view));
   return made;
 }
 
 ControlView* FormLayout::viewOf(const controls::PlacedControl& control) const {
   for (const Known& known : known_)
-    if (known.control == identityOf(control)) return known.view;
+    if (known.control == controls::identityOf(control)) return known.view;
   return nullptr;
 }
 

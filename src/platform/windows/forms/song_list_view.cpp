@@ -88,7 +88,7 @@ void SongListView::paintOnPanel(Canvas& canvas, const Area& area) const {
 }
 
 void SongListView::followItems() {
-  const EchoGuard::Hold hold(echo_);
+  const controls::EchoGuard::Hold hold(echo_);
   if (current_ >= 0) ListView_SetItemState(handle(), current_, 0, LVIS_FOCUSED);
   current_ = -1;
   ListView_SetItemCountEx(handle(), list_.count(), LVSICF_NOSCROLL);
@@ -97,7 +97,7 @@ void SongListView::followItems() {
 }
 
 void SongListView::followSelection() {
-  const EchoGuard::Hold hold(echo_);
+  const controls::EchoGuard::Hold hold(echo_);
   const int row = list_.listIndex();
   if (row != current_) {
     const int before = std::exchange(current_, row);

@@ -42,7 +42,7 @@ void TextLine::paintOnPanel(Canvas& canvas, const Area& area) const {
 
 void TextLine::refresh() {
   const std::wstring text = wideOf(box_.text());
-  const EchoGuard::Hold hold(echo_);
+  const controls::EchoGuard::Hold hold(echo_);
   // Setting it anew would move the cursor of the user who is typing.
   setName(text);
   setSpokenName({});

@@ -76,20 +76,4 @@ std::unique_ptr<ControlView> makeView(FormGround& ground, const controls::Placed
   return std::visit(Maker{ground, look, onGlass}, control);
 }
 
-const void* identityOf(const controls::PlacedControl& control) {
-  return std::visit(
-      [](const auto& placed) -> const void* {
-        using Placed = std::decay_t<decltype(placed)>;
-        if constexpr (std::is_same_v<Placed, std::monostate>)
-          return nullptr;
-        else if constexpr (std::is_same_v<Placed, controls::FaceButton>)
-          return placed.face;
-        else if constexpr (std::is_same_v<Placed, controls::LampSwitch>)
-          return placed.words;
-        else
-          return placed;
-      },
-      control);
-}
-
 }  // namespace nerolith::windows_forms

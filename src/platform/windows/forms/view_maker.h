@@ -11,7 +11,4 @@ namespace nerolith::windows_forms {
 std::unique_ptr<ControlView> makeView(FormGround& ground, const controls::PlacedControl& control,
                                       controls::Look look, bool onGlass);
 
-/// What tells one placed control from another.
-const void* identityOf(const controls::PlacedControl& control);
-
 }  // namespace nerolith::windows_forms

@@ -1,10 +1,10 @@
 // Tells what the player changed from what the user did.
 #pragma once
 
-namespace nerolith::widgets {
+namespace nerolith::controls {
 
-/// While a widget is brought in line with its model it reports changes as if the user had made
-/// them; `held()` says that they are only the echo.
+/// While a renderer's widget is brought in line with its model it reports changes as if the user
+/// had made them; `held()` says that they are only the echo.
 class EchoGuard {
  public:
   class Hold {
@@ -24,4 +24,4 @@ class EchoGuard {
   int depth_ = 0;
 };
 
-}  // namespace nerolith::widgets
+}  // namespace nerolith::controls
