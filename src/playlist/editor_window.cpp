@@ -88,7 +88,8 @@ void EditorWindow::keyDown(const controls::KeyPress& press) {
   if (press.alt || press.control) return;
   if (press.key == Key::Escape) return p_.form.form_4.close();
   if (press.key == Key::Menu) popUpMenu();
-  if (press.key == Key::Enter) focused_ ? focused_->userClick() : popUpMenu();
+  // On a button it is the button's own key.
+  if (press.key == Key::Enter && !focused_) popUpMenu();
   if (press.key == Key::Delete && p_.form.List1.listIndex() >= 0 && !focused_)
     tellTrouble([this] { remove(); });
 }

@@ -46,6 +46,7 @@ class EditorWindow final : public PlaylistEditor {
   EditorWindow& operator=(const EditorWindow&) = delete;
 
   void playlistfile(const std::string& path) override;
+  bool stays() const override { return !fileWasEmpty_; }
   /// A file that had no line has been written already: it is not shown, and counts as closed.
   void show() override;
 
@@ -82,7 +83,7 @@ class EditorWindow final : public PlaylistEditor {
   Lines songs_;
   bool fileWasEmpty_ = false;
   bool sameSongs_ = false;  // the file that comes is a further one for the same songs
-  controls::CommandButton* focused_ = nullptr;  // the button that has the keyboard
+  const controls::CommandButton* focused_ = nullptr;  // the button that has the keyboard
   std::vector<base::Subscription> subscriptions_;
 };
 

@@ -67,7 +67,7 @@ void PlaylistFiles::add() {
   if (!p_.files.fileExists(dialogFile_)) p_.bytes.create(dialogFile_);
   lastOpened_ = dialogFile_;
   editor_.playlistfile(lastOpened_);
-  p_.window.setVisible(false);
+  if (editor_.stays()) p_.window.setVisible(false);
   // Without a window the player would be lost to its user.
   if (!endQuietly([this] { editor_.show(); })) p_.window.setVisible(true);
 }

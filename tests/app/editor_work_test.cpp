@@ -50,9 +50,12 @@ TEST_F(EditorRun, TakesThePlaceOfTheMainWindowUntilItIsClosed) {
   EXPECT_EQ(machine.bytes.at("C:\\Lists\\x.m3u"), "1\r\nC:\\Music\\b.mp3\r\nC:\\Music\\d.mp3\r\n");
 }
 
-TEST_F(EditorRun, ANewFileIsWrittenAndTheMainWindowStays) {
+TEST_F(EditorRun, ANewFileIsWrittenAndTheMainWindowStaysWithoutAFlicker) {
   select({0, 2});
+  bool everHidden = false;
+  const auto watched = form().form.changed.subscribe([&] { everHidden |= !form().form.visible(); });
   addTo("C:\\Lists\\new.m3u");
+  EXPECT_FALSE(everHidden);
   EXPECT_TRUE(form().form.visible());
   EXPECT_FALSE(editor().form_4.visible());
   EXPECT_EQ(machine.bytes.at("C:\\Lists\\new.m3u"), "C:\\Music\\a.mp3\r\nC:\\Music\\c.mp3\r\n");

@@ -22,10 +22,12 @@ class ScriptedEditor final : public PlaylistEditor {
   void playlistfile(const std::string& path) override {
     if (broken) throw base::Failure("This editor is broken.");
     calls.push_back("playlistfile " + path);
-    if (!readPlaylist(bytes_, path, encoding_, EmptyLines::Kept).empty()) return;
+    empty_ = readPlaylist(bytes_, path, encoding_, EmptyLines::Kept).empty();
+    if (!empty_) return;
     const auto paths = selectedSongs(songs_, folderPrefix(songs_, browser_.folder(), '\\'));
     bytes_.replace(path, playlistBytes(paths, encoding_));
   }
+  bool stays() const override { return !empty_; }
   void show() override {
     if (invisible) throw base::Failure("There is no window to be had.");
     calls.push_back("show");
@@ -35,6 +37,7 @@ class ScriptedEditor final : public PlaylistEditor {
   std::vector<std::string> calls;
 
  private:
+  bool empty_ = false;
   platform::ByteFiles& bytes_;
   const platform::TextEncoding& encoding_;
   library::SongList& songs_;

@@ -154,6 +154,14 @@ TEST_F(FormWindowTest, ClosingTheWindowClosesTheForm) {
   EXPECT_FALSE(IsWindowVisible(shown.window()));
 }
 
+TEST_F(FormWindowTest, HiddenAndShownAgainItIsAsLargeAsItWas) {
+  ShowWindow(shown.window(), SW_MAXIMIZE);
+  form.form.setVisible(false);
+  EXPECT_FALSE(IsWindowVisible(shown.window()));
+  form.form.setVisible(true);
+  EXPECT_TRUE(IsZoomed(shown.window()));
+}
+
 TEST_F(FormWindowTest, AFailureInAHandlerStaysInsideTheWindow) {
   subscriptions.push_back(
       form.Label8[3].click.subscribe([] { throw base::Failure("no such thing"); }));

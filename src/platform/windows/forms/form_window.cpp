@@ -88,7 +88,7 @@ void FormWindow::show(bool visible) {
   besidePlace_ = {};
   if (visible && form_.besideOwner()) placeBesideOwner();
   if (visible && !form_.besideOwner() && GetWindow(handle(), GW_OWNER)) moveOverOwner();
-  ShowWindow(handle(), visible ? SW_SHOWNORMAL : SW_HIDE);
+  ShowWindow(handle(), visible ? SW_SHOW : SW_HIDE);
   if (visible) UpdateWindow(handle());
 }
 
