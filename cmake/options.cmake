@@ -29,6 +29,12 @@ if(NEROLITH_SANITIZE)
   add_link_options(-fsanitize=${NEROLITH_SANITIZE})
 endif()
 
+if(NEROLITH_FUZZ)
+  # The fuzzers follow what their input does in all of the code beneath them.
+  add_compile_options(-fsanitize=fuzzer-no-link,address)
+  add_link_options(-fsanitize=fuzzer-no-link,address)
+endif()
+
 # A build of one of the presets in its own place (out/build/NAME) leaves the program in out/NAME.
 # Any other build directory keeps everything to itself.
 get_filename_component(NEROLITH_BUILD_PARENT "${CMAKE_BINARY_DIR}" DIRECTORY)

@@ -1,5 +1,5 @@
 // Any bytes as a playlist file, and any changes to it: the input's first byte tells how many of the
-// following ones are changes. Build it with the preset "fuzz", run it on the reader's corpus.
+// following ones are changes. `./build fuzz` runs it on the reader's corpus.
 #include <algorithm>
 #include <cstdint>
 #include <cstdio>

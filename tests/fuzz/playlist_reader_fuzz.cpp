@@ -1,5 +1,4 @@
-// Any bytes as a playlist file. Build it with the preset "fuzz", run it on the kept corpus:
-//   playlist_reader_fuzz -max_total_time=60 tests/fuzz/corpus/playlist_reader
+// Any bytes as a playlist file. `./build fuzz` runs it on the kept corpus.
 #include <cstdint>
 #include <cstdio>
 #include <cstdlib>
