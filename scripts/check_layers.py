@@ -45,7 +45,7 @@ DIRECT_INCLUDES = {
 HOMES = (
     (r"Q[A-Z]\w*(/\w+)?|Qt\w+/.*", ("platform/linux/widgets", "platform/linux/desktop",
                                        "platform/linux/main.cpp"),
-     ("linux_widgets", "linux_desktop")),
+     ("linux_widgets", "linux_desktop", "drag_source")),
     (r"(libav\w+|libsw\w+|pulse)/.*|fluidsynth(/.*)?\.h", ("platform/linux/sound",),
      ("linux_sound", "endtoend")),
     (r"(glib|gio|gobject)(/.*)?\.h|glib(-unix|/gstdio)?\.h", ("platform/linux/system",),

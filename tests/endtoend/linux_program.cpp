@@ -11,7 +11,8 @@ void writeSettings(const PrivateDesktop& desktop, const StoredSettings& settings
       << "setting=" << settings.mode << "\nfadem=" << settings.mixLead
       << "\nfadelen=" << settings.fadeLength << "\nlo=" << (settings.loop ? "True" : "False")
       << "\ncolor=" << settings.colour << "\nti=" << (settings.timeInverted ? "True" : "False")
-      << "\n\n[Nerolith/Setting]\nenabl=" << (settings.recentRule ? "True" : "False") << "\n";
+      << "\n\n[Nerolith/Setting]\nenabl=" << (settings.recentRule ? "True" : "False")
+      << "\nmark_for_deletion=" << (settings.markDeletions ? "True" : "False") << "\n";
   if (!settings.folder.empty())
     out << "\n[Velmarion/Path]\npath=" << settings.folder.string() << "\n";
 }

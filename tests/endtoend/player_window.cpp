@@ -1,6 +1,7 @@
 #include "endtoend/player_window.h"
 
 #include <sstream>
+#include <string_view>
 
 #include "endtoend/shipped_program.h"
 #include "endtoend/wait_until.h"
@@ -16,6 +17,16 @@ std::vector<std::string> linesOf(const std::string& text) {
   for (std::string line; std::getline(stream, line);)
     if (!line.empty()) lines.push_back(line);
   return lines;
+}
+
+/// A text as the expression that matches just it.
+std::string literally(const std::string& text) {
+  std::string pattern;
+  for (const char sign : text) {
+    if (std::string_view(".*+?^$()[]{}|\\").find(sign) != std::string_view::npos) pattern += '\\';
+    pattern += sign;
+  }
+  return pattern;
 }
 
 }  // namespace
@@ -50,7 +61,12 @@ std::string PlayerWindow::tool(std::vector<std::string> words) const {
 }
 
 std::vector<std::string> PlayerWindow::windowsTitled(const std::string& pattern) const {
-  return linesOf(tool({"search", "--onlyvisible", "--name", pattern}));
+  std::vector<std::string> windows = linesOf(tool({"search", "--onlyvisible", "--name", pattern}));
+  // Beside their numbers it prints what it complains about.
+  std::erase_if(windows, [](const std::string& line) {
+    return line.find_first_not_of("0123456789") != std::string::npos;
+  });
+  return windows;
 }
 
 bool PlayerWindow::waitForWindow(double longest) {
@@ -74,10 +90,42 @@ bool PlayerWindow::waitForTitle(const std::string& text, double longest) const {
   return waitUntil(longest, [&] { return showsTitle(text); });
 }
 
-bool PlayerWindow::showsTitle(const std::string& text) const { return countTitles(text) > 0; }
+bool PlayerWindow::showsTitle(const std::string& text) const {
+  return countTitles(literally(text)) > 0;
+}
 
-int PlayerWindow::countTitles(const std::string& text) const {
-  return static_cast<int>(windowsTitled(text).size());
+int PlayerWindow::countTitles(const std::string& pattern) const {
+  return static_cast<int>(windowsTitled(pattern).size());
+}
+
+bool PlayerWindow::waitForMessage(double longest) const {
+  return waitUntil(longest, [&] { return countTitles(kMainTitle) == 2; });
+}
+
+bool PlayerWindow::waitForMessageGone(double longest) const {
+  return waitUntil(longest, [&] { return countTitles(kMainTitle) == 1; });
+}
+
+bool PlayerWindow::showsMainWindow() const { return countTitles(kMainTitle) > 0; }
+
+bool PlayerWindow::waitForFocus(const std::string& text, double longest) const {
+  return waitUntil(longest, [&] {
+    return tool({"getwindowfocus", "getwindowname"}).find(text) != std::string::npos;
+  });
+}
+
+bool PlayerWindow::chooseFile(const std::string& title, const std::string& path) const {
+  if (!waitForTitle(title, 10)) return false;
+  // It gets the keyboard a while after it is seen.
+  if (!waitForFocus(title, 10)) return false;
+  // Each round begins anew: a dialog that still reads its folder may swallow what is typed.
+  for (int round = 0; round < 5 && showsTitle(title); ++round) {
+    tool({"key", "--clearmodifiers", "ctrl+a"});
+    tool({"type", "--delay", "12", path});
+    tool({"key", "--clearmodifiers", "Return"});
+    waitUntil(2, [&] { return !showsTitle(title); });
+  }
+  return !showsTitle(title);
 }
 
 void PlayerWindow::key(const std::string& name) const { tool({"key", "--clearmodifiers", name}); }

@@ -29,7 +29,18 @@ class PlayerWindow {
   /// Whether a window with this text in its title is on the screen within the time.
   bool waitForTitle(const std::string& text, double longest) const;
   bool showsTitle(const std::string& text) const;
-  int countTitles(const std::string& text) const;
+  /// Windows on the screen whose title matches this extended regular expression.
+  int countTitles(const std::string& pattern) const;
+  /// A message in front of the main window: both are called by the player's name.
+  bool waitForMessage(double longest) const;
+  bool waitForMessageGone(double longest) const;
+  bool showsMainWindow() const;
+  /// Waits until a window with this text in its title has the keyboard.
+  bool waitForFocus(const std::string& text, double longest) const;
+
+  /// Types a path into the file dialog of that title and chooses it; false when the dialog does not
+  /// come or does not go.
+  bool chooseFile(const std::string& title, const std::string& path) const;
 
   /// One key, as xdotool names it: "alt+n", "Down", "space".
   void key(const std::string& name) const;

@@ -19,6 +19,7 @@ struct StoredSettings {
   int colour = 10;  // 0 to 15
   bool timeInverted = false;
   bool recentRule = false;         // recent files are mixed in and starred
+  bool markDeletions = false;      // removing songs may mark their files for deletion
   std::filesystem::path folder{};  // shown at start; empty: none is stored
 };
 

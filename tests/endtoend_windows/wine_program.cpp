@@ -81,6 +81,7 @@ void writeSettings(const PrivateDesktop& desktop, const StoredSettings& settings
   put("ti", truth(settings.timeInverted));
   out << "\n[" << kSettings << "Nerolith\\\\Setting] 1700000000\n";
   put("enabl", truth(settings.recentRule));
+  put("mark_for_deletion", truth(settings.markDeletions));
   if (settings.folder.empty()) return;
   out << "\n[" << kSettings << "Velmarion\\\\Path] 1700000000\n";
   put("path", toldAs(settings.folder));

@@ -113,6 +113,12 @@ QAction* itemOf(const QMenu& menu, const QString& caption) {
   return nullptr;
 }
 
+std::string captionsOf(const QAction& submenu) {
+  QStringList captions;
+  for (const QAction* action : submenu.menu()->actions()) captions << action->text();
+  return captions.join('|').toStdString();
+}
+
 TEST_F(PlayerOnScreen, TheMenuOpensByEveryWayToIt) {
   QTest::mousePress(list().viewport(), Qt::RightButton, {}, QPoint(60, 10));
   EXPECT_NE(menu(), nullptr);
@@ -140,11 +146,17 @@ TEST_F(PlayerOnScreen, ItsCaptionsStandToTheLetter) {
   QAction* functions = itemOf(*menu(), "Selection functions");
   ASSERT_NE(functions, nullptr);
   EXPECT_NE(itemOf(*menu(), "Settings"), nullptr);
-  QStringList captions;
-  for (QAction* action : functions->menu()->actions()) captions << action->text();
-  EXPECT_EQ(captions.join('|').toStdString(),
+  EXPECT_EQ(captionsOf(*functions),
             "Select unplayed files|Tag selected as played|Tag selected as unplayed|"
             "Remove selected from list    (Del)|Total selected playtime");
+  QAction* actions = itemOf(*menu(), "Playlist actions");
+  ASSERT_NE(actions, nullptr);
+  EXPECT_EQ(captionsOf(*actions),
+            "Add file(s) to last opened playlist  (alt-Q)|"
+            "Import Playlistfiles                         (alt-I)|"
+            "Add selected file(s) to playlist       (alt-A)|"
+            "Clear playlist file                            (alt-C)|"
+            "Update Playlistfile                         (alt-U)");
 }
 
 TEST_F(PlayerOnScreen, TheSelectionFunctionsWorkThroughTheMenu) {
@@ -217,6 +229,28 @@ TEST_F(PlayerOnScreen, AFunctionKeySelectsInRandomAndShiftAdds) {
   EXPECT_EQ(selected(), "bd");
   QTest::keyClick(list().viewport(), Qt::Key_F2);
   EXPECT_EQ(selected(), "d");
+}
+
+// The last picture before the end is the one with most of the bar.
+TEST_F(PlayerOnScreen, PictureOfACountThatGoesOn) {
+  machine.decks.setReadingTime(300ms);
+  machine.timeline.setYieldTime(100ms);
+  int pictures = 0;
+  const auto seen = form().playtimeDone.changed.subscribe([&] {
+    if (!form().playtimeDone.visible() || form().playtimeDone.caption() != "3 of 5") return;
+    save(*window, "playtime-count.png");
+    ++pictures;
+    EXPECT_EQ(form().Label4.caption(), "Counting");
+    const auto* bar = findNamed<QWidget>(*window, "Songs counted");
+    ASSERT_NE(bar, nullptr);
+    const QImage drawn = window->grab(QRect(bar->mapTo(window, QPoint()), bar->size())).toImage();
+    const int middle = drawn.height() / 2;
+    EXPECT_NE(drawn.pixel(drawn.width() / 2, middle), drawn.pixel(drawn.width() * 4 / 5, middle));
+  });
+  select({0, 1, 2, 3, 4});
+  choose({"Selection functions", "Total selected playtime"});
+  EXPECT_GT(pictures, 0);
+  EXPECT_EQ(form().Label4.caption(), "16:50");
 }
 
 TEST_F(PlayerOnScreen, PictureOfTheMenu) {

@@ -5,6 +5,7 @@
 #include <commctrl.h>
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <memory>
 
 #include "app/program.h"
@@ -16,6 +17,7 @@
 #include "platform/windows/forms/win32_window_host.h"
 #include "platform/windows/windows_dialogs.h"
 #include "platform/windows/windows_file_system.h"
+#include "windows_forms/window_picture.h"
 #include "windows_system/dialog_user.h"
 #include "windows_system/scratch_folder.h"
 
@@ -35,22 +37,7 @@ std::vector<std::string> captionsOf(HMENU menu) {
 }
 
 /// The pop-up menus of this process that can be seen, the innermost first.
-std::vector<HWND> shownMenus() {
-  std::vector<HWND> menus;
-  EnumWindows(
-      [](HWND window, LPARAM found) -> BOOL {
-        DWORD process = 0;
-        wchar_t name[16] = L"";
-        GetWindowThreadProcessId(window, &process);
-        GetClassNameW(window, name, 16);
-        if (process == GetCurrentProcessId() && std::wstring(name) == L"#32768" &&
-            IsWindowVisible(window))
-          reinterpret_cast<std::vector<HWND>*>(found)->push_back(window);
-        return TRUE;
-      },
-      reinterpret_cast<LPARAM>(&menus));
-  return menus;
-}
+std::vector<HWND> shownMenus() { return windows::shownWindows(L"#32768"); }
 
 HMENU menuIn(HWND window) {
   constexpr UINT kGetMenu = 0x01E1;  // MN_GETHMENU
@@ -73,6 +60,7 @@ class MenuHand {
     if (thread_.joinable()) thread_.join();
   }
   std::vector<std::string> outer, inner;  // what was seen
+  std::function<void()> beforeChoosing;   // on the hand's thread, with all menus open
 
  private:
   void press(WPARAM key) const {
@@ -96,6 +84,7 @@ class MenuHand {
       const auto steps = found - captions.begin() + (depth == 0 ? 1 : 0);
       for (auto i = 0 * steps; i < steps; ++i) press(VK_DOWN);
       const bool last = depth + 1 == path.size();
+      if (last && beforeChoosing) beforeChoosing();
       press(last ? VK_RETURN : VK_RIGHT);
       if (!last) awaitMenu(depth + 2);
     }
@@ -133,6 +122,12 @@ class PlayerOnScreen : public testing::Test {
   void key(WPARAM code) {
     PostMessageW(list(), WM_KEYDOWN, code, 1);
     events.runWaitingEvents();
+  }
+  static void hold(int code, bool down) {
+    BYTE keys[256];
+    GetKeyboardState(keys);
+    keys[code] = down ? 0x80 : 0;
+    SetKeyboardState(keys);
   }
   void choose(std::vector<std::string> path) {
     hand->choose(std::move(path));
@@ -184,6 +179,27 @@ TEST_F(PlayerOnScreen, TheMenuKeyShowsTheMenuAndItsCaptionsToTheLetter) {
   EXPECT_EQ(selected(), "abcde");
 }
 
+TEST_F(PlayerOnScreen, ThePlaylistActionsStandToTheLetterAndWithoutAPlaylistUpdateSaysSo) {
+  const std::vector<std::string> captions = {
+      "Add file(s) to last opened playlist  (alt-Q)",
+      "Import Playlistfiles                         (alt-I)",
+      "Add selected file(s) to playlist       (alt-A)",
+      "Clear playlist file                            (alt-C)",
+      "Update Playlistfile                         (alt-U)"};
+  std::wstring said;
+  user.onceShown([&said](HWND dialog) {
+    wchar_t text[64] = L"";
+    GetDlgItemTextW(dialog, 0xFFFF, text, 64);
+    said = text;
+    return !said.empty() && PostMessageW(dialog, WM_COMMAND, IDOK, 0);
+  });
+  hand->beforeChoosing = [this] { EXPECT_TRUE(WindowPicture(window()).save("menu")); };
+  choose({"Playlist actions", captions.back()});
+  user.finish();
+  EXPECT_EQ(hand->inner, captions);
+  EXPECT_EQ(utf8Of(said), "No playlistfile opend");
+}
+
 TEST_F(PlayerOnScreen, TheRightMouseButtonAndOptionsShowItToo) {
   hand->choose({});
   PostMessageW(list(), WM_RBUTTONDOWN, MK_RBUTTON, MAKELPARAM(60, 10));
@@ -219,7 +235,38 @@ TEST_F(PlayerOnScreen, TheSelectionFunctionsWorkThroughTheMenu) {
 
 TEST_F(PlayerOnScreen, SettingsOpensItsWindow) {
   choose({"Settings"});
-  EXPECT_TRUE(IsWindowVisible(host.windowOf(program->settingsForm().form)->handle()));
+  const HWND settings = host.windowOf(program->settingsForm().form)->handle();
+  EXPECT_TRUE(IsWindowVisible(settings));
+  EXPECT_TRUE(WindowPicture(settings).save("settings"));
+}
+
+// The decks' time is not the window's: each of the window's ticks lets some of it go by.
+TEST_F(PlayerOnScreen, ABarShowsHowFarACountIs) {
+  for (const std::string& song : form().List1.items()) machine.files.addFile(scratch.path(song));
+  machine.decks.setReadingTime(100ms);
+  const auto time = form().Timer1.tick.subscribe([this] { machine.advance(100ms); });
+  int pictures = 0;
+  const auto seen = form().playtimeDone.changed.subscribe([&] {
+    if (!form().playtimeDone.visible() || form().playtimeDone.caption() != "3 of 5") return;
+    EXPECT_EQ(form().Label4.caption(), "Counting");
+    ++pictures;
+  });
+  bool drawn = false;
+  const auto looked = form().Timer1.tick.subscribe([&] {
+    if (drawn || form().playtimeDone.caption() != "3 of 5") return;
+    const HWND bar = FindWindowExW(window(), nullptr, PROGRESS_CLASSW, L"Songs counted");
+    UpdateWindow(bar);
+    const WindowPicture picture(bar);
+    const int middle = picture.height() / 2;
+    EXPECT_NE(picture.pixel(picture.width() / 2, middle),
+              picture.pixel(picture.width() * 4 / 5, middle));
+    drawn = WindowPicture(window()).save("playtime-count");
+  });
+  for (int i = 0; i < 5; ++i) form().List1.setSelected(i, true);
+  choose({kFunctions, "Total selected playtime"});
+  EXPECT_GT(pictures, 0);
+  EXPECT_TRUE(drawn);
+  EXPECT_EQ(form().Label4.caption(), "15:10");
 }
 
 TEST_F(PlayerOnScreen, EnterAnswersTheQuestionWithNoAndNothingIsDeleted) {
@@ -257,13 +304,17 @@ TEST_F(PlayerOnScreen, YesDeletesReadOnlyFilesTooAtTheCloseAndNotBefore) {
   EXPECT_TRUE(exists("blue.mp3"));
 }
 
-TEST_F(PlayerOnScreen, AFunctionKeySelectsInRandom) {
+TEST_F(PlayerOnScreen, AFunctionKeySelectsInRandomAndShiftAdds) {
   form().Option3.setValue(true);
   program->settingsForm().Text6.setText("b");
   program->settingsForm().Text7.setText("D");
   form().List1.deselectAll();
   key(VK_F1);
   EXPECT_EQ(selected(), "b");
+  hold(VK_SHIFT, true);
+  key(VK_F2);
+  hold(VK_SHIFT, false);
+  EXPECT_EQ(selected(), "bd");
   key(VK_F2);
   EXPECT_EQ(selected(), "d");
 }

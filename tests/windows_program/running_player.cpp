@@ -25,7 +25,7 @@ std::wstring textOf(HWND window) {
 }
 
 struct Sought {
-  std::wstring className{}, words{}, beginning{};
+  std::wstring className{}, words{}, beginning{};  // of a top-level window: its title
   DWORD process = 0;
   bool titled = false;
   HWND except = nullptr, found = nullptr;
@@ -44,6 +44,7 @@ BOOL CALLBACK lookAtWindow(HWND window, LPARAM data) {
   if (process != sought.process || !IsWindowVisible(window) || window == sought.except) return TRUE;
   if (!isOfClass(window, sought.className)) return TRUE;
   if (sought.titled && GetWindowTextLengthW(window) == 0) return TRUE;
+  if (!sought.words.empty() && textOf(window) != sought.words) return TRUE;
   sought.found = window;
   return FALSE;
 }
@@ -163,6 +164,42 @@ HWND RunningPlayer::message(int milliseconds) const {
   return found;
 }
 
+HWND RunningPlayer::dialog(const std::wstring& title, int milliseconds) const {
+  HWND found = nullptr;
+  within(milliseconds, [&] {
+    return (found = topWindow({.className = L"#32770", .words = title, .process = id_})) != nullptr;
+  });
+  return found;
+}
+
+HWND RunningPlayer::window(const std::wstring& title, int milliseconds) const {
+  HWND found = nullptr;
+  within(milliseconds, [&] {
+    return (found = topWindow({.className = kMainClass, .words = title, .process = id_})) !=
+           nullptr;
+  });
+  return found;
+}
+
+std::wstring RunningPlayer::words(HWND box) const { return textOf(GetDlgItem(box, 0xFFFF)); }
+
+bool RunningPlayer::chooseFile(const std::wstring& title, const std::wstring& path) const {
+  constexpr int kNameList = 0x47C, kNameField = 0x480;
+  const HWND box = dialog(title);
+  if (!box) return false;
+  // A dialog that still reads its folder may take no answer yet.
+  for (int round = 0; round < 10 && IsWindow(box); ++round) {
+    HWND field = GetDlgItem(box, kNameList);
+    if (!field) field = GetDlgItem(box, kNameField);
+    DWORD_PTR taken = 0;
+    SendMessageTimeoutW(field, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(path.c_str()),
+                        SMTO_ABORTIFHUNG, 2000, &taken);
+    PostMessageW(box, WM_COMMAND, IDOK, 0);
+    within(1000, [box] { return !IsWindow(box); });
+  }
+  return !IsWindow(box);
+}
+
 void RunningPlayer::press(HWND button) const { PostMessageW(button, BM_CLICK, 0, 0); }
 
 void RunningPlayer::doubleClickRow(int row) const {
@@ -179,6 +216,11 @@ void RunningPlayer::doubleClickRow(int row) const {
 void RunningPlayer::key(HWND target, WPARAM code) const {
   PostMessageW(target, WM_KEYDOWN, code, 1);
   PostMessageW(target, WM_KEYUP, code, static_cast<LPARAM>(0xC0000001));
+}
+
+void RunningPlayer::altKey(char letter) const {
+  PostMessageW(list(), WM_SYSKEYDOWN, static_cast<WPARAM>(letter), (1 << 29) | 1);
+  PostMessageW(list(), WM_SYSKEYUP, static_cast<WPARAM>(letter), (1 << 29) | 1);
 }
 
 DWORD RunningPlayer::close() {

@@ -55,9 +55,20 @@ class RunningPlayer {
   /// Another top-level window of the process with a title: a message box.
   HWND message(int milliseconds = 10000) const;
 
+  /// A dialog of that title.
+  HWND dialog(const std::wstring& title, int milliseconds = 10000) const;
+  /// The words of a message box.
+  std::wstring words(HWND box) const;
+  /// Types a path into the file dialog of that title and chooses it; false when the dialog does not
+  /// come or does not go.
+  bool chooseFile(const std::wstring& title, const std::wstring& path) const;
+  /// A further window of the player, by its title.
+  HWND window(const std::wstring& title, int milliseconds = 10000) const;
+
   void press(HWND button) const;  // as a screen reader does
   void doubleClickRow(int row) const;
   void key(HWND target, WPARAM code) const;
+  void altKey(char letter) const;
   /// Closes the window as its frame does; the exit code, 9999 when it does not end in ten seconds.
   DWORD close();
 

@@ -12,23 +12,28 @@
 
 namespace nerolith::windows {
 
-/// The dialogs of this process that can be seen.
-inline std::vector<HWND> shownDialogs() {
-  std::vector<HWND> dialogs;
+/// The windows of this process and of that class that can be seen, the foremost first.
+inline std::vector<HWND> shownWindows(const std::wstring& className) {
+  struct Search {
+    const std::wstring& className;
+    std::vector<HWND> found;
+  } search{className, {}};
   EnumWindows(
-      [](HWND window, LPARAM found) -> BOOL {
+      [](HWND window, LPARAM data) -> BOOL {
+        auto& sought = *reinterpret_cast<Search*>(data);
         DWORD process = 0;
         wchar_t name[16] = L"";
         GetWindowThreadProcessId(window, &process);
         GetClassNameW(window, name, 16);
-        if (process == GetCurrentProcessId() && std::wstring(name) == L"#32770" &&
-            IsWindowVisible(window))
-          reinterpret_cast<std::vector<HWND>*>(found)->push_back(window);
+        if (process == GetCurrentProcessId() && name == sought.className && IsWindowVisible(window))
+          sought.found.push_back(window);
         return TRUE;
       },
-      reinterpret_cast<LPARAM>(&dialogs));
-  return dialogs;
+      reinterpret_cast<LPARAM>(&search));
+  return search.found;
 }
+
+inline std::vector<HWND> shownDialogs() { return shownWindows(L"#32770"); }
 
 /// Waits in vain for ten seconds at most; the dialog then stays, and the test runs out of time.
 class DialogUser {
