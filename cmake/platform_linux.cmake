@@ -22,8 +22,10 @@ if(NOT NEROLITH_PROGRAM)
 endif()
 
 find_package(Qt6 REQUIRED COMPONENTS DBus Widgets)
+pkg_check_modules(NEROLITH_XCB REQUIRED IMPORTED_TARGET xcb)
 nerolith_sources(widget_sources platform/linux/widgets)
-nerolith_layer(nerolith_linux_widgets SOURCES ${widget_sources} USES nerolith_core Qt6::Widgets)
+nerolith_layer(nerolith_linux_widgets SOURCES ${widget_sources}
+               USES nerolith_core Qt6::Widgets Qt6::DBus PkgConfig::NEROLITH_XCB)
 if(widget_sources)
   set_target_properties(nerolith_linux_widgets PROPERTIES AUTOMOC ON)
   target_compile_options(nerolith_linux_widgets PRIVATE -fpch-preprocess)

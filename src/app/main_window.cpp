@@ -19,6 +19,8 @@ void MainWindow::subscribeWindow() {
   on(form_.form.keyDown, [this](controls::KeyPress press) { keyDown(press); });
   on(form_.Label5[0].click, [this] { form_.form.close(); });
   on(form_.Label5[1].click, [this] { hide(); });
+  on(form_.form.changed, [this] { hiddenByUser_ &= !form_.form.visible(); });
+  on(neighbours_.icon.lost, [this] { iconLost(); });
 }
 
 void MainWindow::subscribeFaces() {
@@ -94,10 +96,13 @@ void MainWindow::playFaceClicked() {
 
 // A hidden window that nothing can bring back would be lost to its user.
 void MainWindow::hide() {
-  if (neighbours_.icon.present())
-    form_.form.setVisible(false);
-  else
-    form_.form.minimise();
+  if (!neighbours_.icon.present()) return form_.form.minimise();
+  form_.form.setVisible(false);
+  hiddenByUser_ = true;
+}
+
+void MainWindow::iconLost() {
+  if (hiddenByUser_) form_.form.setVisible(true);
 }
 
 void MainWindow::popUpMenu() {

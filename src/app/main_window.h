@@ -33,6 +33,7 @@ class MainWindow {
   void faceClicked(std::size_t face);
   void playFaceClicked();
   void hide();
+  void iconLost();
   void popUpMenu();
 
   template <typename Signal, typename Handler>
@@ -44,6 +45,7 @@ class MainWindow {
   forms::MainMenu& menu_;
   Neighbours neighbours_;
   std::function<void()> startSelected_;
+  bool hiddenByUser_ = false;
   std::vector<base::Subscription> subscriptions_;
 };
 

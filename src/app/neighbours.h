@@ -3,6 +3,8 @@
 
 #include <string>
 
+#include "base/signal.h"
+
 namespace nerolith::app {
 
 /// Playlist files. Every operation is an action of the user and ends quietly.
@@ -41,6 +43,8 @@ class NotificationIcon {
   virtual void remove() = 0;
   /// Whether the user can bring a hidden window back from it.
   virtual bool present() const = 0;
+  /// It was present and is no longer, without having been removed.
+  base::Signal<> lost;
 };
 
 struct Neighbours {

@@ -53,6 +53,7 @@ Program::Program(const platform::Machine& machine, const StandIns& standIns)
       playlists_({machine.files, machine.bytes, machine.encoding, machine.dialogs, form_.form,
                   songs_, browser_, stored_},
                  editor_.editor(), menu_),
+      tray_(machine, form_, player_, settingsWindow_),
       listWork_(machine, form_, menu_, songs_, live_, stored_),
       settingsWindow_(settingsForm_, menu_.form2aan, live_, stored_,
                       [this] { return browser_.folder(); }),
@@ -93,7 +94,7 @@ void Program::dropped(const std::vector<std::string>& paths) {
 
 Neighbours Program::neighbours() {
   return {chosen<PlaylistActions>(standIns_.playlists, playlists_), listWork_,
-          chosen<NotificationIcon>(standIns_.icon, icon_)};
+          chosen<NotificationIcon>(standIns_.icon, tray_)};
 }
 
 Program::~Program() {
@@ -140,6 +141,7 @@ void Program::unload() {
   player_.decks().releaseB();
   awake_.end();
   shutDown_.run(startUp_.fileGiven());
+  tray_.end();
   machine_.events.quit();
 }
 

@@ -4,7 +4,6 @@
 #include <string>
 #include <vector>
 
-#include "app/absent_neighbours.h"
 #include "app/editor_work.h"
 #include "app/list_work.h"
 #include "app/main_window.h"
@@ -15,6 +14,7 @@
 #include "app/shut_down.h"
 #include "app/start_up.h"
 #include "app/stay_awake.h"
+#include "app/tray_work.h"
 #include "forms/main_form.h"
 #include "forms/main_menu.h"
 #include "forms/settings_form.h"
@@ -59,6 +59,7 @@ class Program {
   forms::MainForm& mainForm() { return form_; }
   forms::EditorForm& editorForm() { return editor_.form(); }
   forms::SettingsForm& settingsForm() { return settingsForm_; }
+  forms::Form3& trayForm() { return tray_.form(); }
   library::SongList& songs() { return songs_; }
   player::Player& player() { return player_; }
   recording::RecordingSection& recordingSection() { return recording_; }
@@ -84,7 +85,7 @@ class Program {
   player::Player player_;
   EditorWork editor_;
   PlaylistWork playlists_;
-  NoNotificationIcon icon_;
+  TrayWork tray_;
   ListWork listWork_;
   forms::SettingsForm settingsForm_;
   settings::SettingsWindow settingsWindow_;

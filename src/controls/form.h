@@ -59,6 +59,8 @@ class Form : public Control {
     unload.raise();
     setVisible(false);
   }
+  /// Makes the window without showing it, for what works out of sight: a tray icon, its menu.
+  void load() { loadRequested.raise(); }
   /// Brings the window to the front and gives it the focus.
   void bringForward() { forwardRequested.raise(); }
   /// Puts the window at the side of its owner's, once for each place that the owner takes: what the
@@ -84,6 +86,7 @@ class Form : public Control {
   }
 
   /// For window hosts.
+  base::Signal<> loadRequested;
   base::Signal<> forwardRequested;
   base::Signal<> besideRequested;
   base::Signal<> minimiseRequested;

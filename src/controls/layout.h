@@ -10,6 +10,7 @@
 #include "controls/file_lists.h"
 #include "controls/label.h"
 #include "controls/list_box.h"
+#include "controls/picture_box.h"
 #include "controls/progress_bar.h"
 #include "controls/scroll_bar.h"
 #include "controls/text_box.h"
@@ -56,7 +57,7 @@ struct LampSwitch {
 
 using PlacedControl = std::variant<std::monostate, Label*, CommandButton*, OptionButton*, CheckBox*,
                                    TextBox*, ListBox*, ScrollBar*, ProgressBar*, DriveListBox*,
-                                   DirListBox*, FaceButton, LampSwitch>;
+                                   DirListBox*, PictureBox*, FaceButton, LampSwitch>;
 
 /// What tells one placed control from another; nullptr where nothing is placed.
 inline const void* identityOf(const PlacedControl& control) {

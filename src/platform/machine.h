@@ -9,6 +9,7 @@
 #include "platform/file_system.h"
 #include "platform/filter_graph.h"
 #include "platform/media_controls.h"
+#include "platform/notification_icon.h"
 #include "platform/output_file.h"
 #include "platform/picture_loader.h"
 #include "platform/power_request.h"
@@ -36,6 +37,7 @@ struct Machine {
   OutputFiles& output;
   MediaControls& media;
   PowerRequest& power;
+  NotificationIcon& icon;
 };
 
 }  // namespace nerolith::platform

@@ -17,6 +17,7 @@ inline int sliderX(int windowWidth, double share) {
 
 inline constexpr int kTimeX = 117, kTimeY = 98;  // the middle of the digits
 inline constexpr int kCloseX = 788, kCloseY = 25;
+inline constexpr int kHideX = 752;
 inline constexpr int kNoticeX = 280, kNoticeY = 90;  // left end of the line under the song's name
 inline constexpr int kNoticeWidth = 510, kNoticeHeight = 20;
 inline constexpr int kDriveX = 160, kDriveY = 283;

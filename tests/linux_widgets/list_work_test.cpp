@@ -32,7 +32,7 @@ class PlayerOnScreen : public testing::Test {
     const platform::Machine m = machine.doors();
     program = std::make_unique<app::Program>(platform::Machine{
         m.graphs, m.files, m.settings, dialogs, m.pictures, m.clock, m.events, host, m.bytes,
-        m.encoding, m.capture, m.tone, m.output, m.media, m.power});
+        m.encoding, m.capture, m.tone, m.output, m.media, m.power, m.icon});
     program->start("");
     machine.advance(0ms);
     window = host.windowOf(program->mainForm().form);

@@ -106,9 +106,9 @@ class PlayerOnScreen : public testing::Test {
     machine.settings.set(display, "Setting", "setting", "1");
     machine.clock.setReadingTime(1ms);
     const platform::Machine m = machine.doors();
-    program = std::make_unique<app::Program>(
-        platform::Machine{m.graphs, files, m.settings, dialogs, m.pictures, m.clock, events, host,
-                          m.bytes, m.encoding, m.capture, m.tone, m.output, m.media, m.power});
+    program = std::make_unique<app::Program>(platform::Machine{
+        m.graphs, files, m.settings, dialogs, m.pictures, m.clock, events, host, m.bytes,
+        m.encoding, m.capture, m.tone, m.output, m.media, m.power, m.icon});
     program->start("");
     events.runWaitingEvents();
     SetForegroundWindow(window());

@@ -27,6 +27,7 @@
 #include "platform/linux/widgets/qt_application.h"
 #include "platform/linux/widgets/qt_dialogs.h"
 #include "platform/linux/widgets/qt_event_queue.h"
+#include "platform/linux/widgets/qt_notification_icon.h"
 #include "platform/linux/widgets/qt_picture_loader.h"
 #include "platform/linux/widgets/qt_window_host.h"
 #include "recording/wave_command.h"
@@ -96,11 +97,12 @@ int play(widgets::QtApplication& application, system::PosixFileSystem& files,
   system::LazyCapture capture(sound);
   system::LazyTone tone(sound);
   system::PosixOutputFiles output;
+  widgets::QtNotificationIcon icon;
   desktop::MprisControls media;
   desktop::SleepInhibitor power;
-  const platform::Machine machine{sound,   files,  settings, dialogs, pictures,
-                                  clock,   events, windows,  bytes,   encoding,
-                                  capture, tone,   output,   media,   power};
+  const platform::Machine machine{sound,  files,   settings, dialogs,  pictures, clock,
+                                  events, windows, bytes,    encoding, capture,  tone,
+                                  output, media,   power,    icon};
 
   app::Program program(machine);
   program.start(commandLine);

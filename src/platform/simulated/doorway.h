@@ -21,7 +21,8 @@ enum class Door {
   Tone,
   Output,
   Media,
-  Power
+  Power,
+  Icon
 };
 
 /// A call that changes or asks the outer world for something is an action and always traced; one

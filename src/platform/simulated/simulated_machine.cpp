@@ -17,11 +17,12 @@ SimulatedMachine::SimulatedMachine(char separator)
       tone(doorway),
       output(files, doorway),
       media(doorway),
-      power(doorway) {}
+      power(doorway),
+      icon(doorway) {}
 
 Machine SimulatedMachine::doors() {
   return {decks, files,    settings, dialogs, pictures, clock, events, windows,
-          bytes, encoding, capture,  tone,    output,   media, power};
+          bytes, encoding, capture,  tone,    output,   media, power,  icon};
 }
 
 }  // namespace nerolith::platform::simulated

@@ -15,6 +15,7 @@
 #include "platform/simulated/simulated_encoding.h"
 #include "platform/simulated/simulated_events.h"
 #include "platform/simulated/simulated_files.h"
+#include "platform/simulated/simulated_icon.h"
 #include "platform/simulated/simulated_media.h"
 #include "platform/simulated/simulated_output.h"
 #include "platform/simulated/simulated_pictures.h"
@@ -73,6 +74,7 @@ class SimulatedMachine {
   SimulatedOutput output;
   SimulatedMedia media;
   SimulatedPower power;
+  SimulatedIcon icon;
 };
 
 }  // namespace nerolith::platform::simulated

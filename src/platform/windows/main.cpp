@@ -16,9 +16,11 @@
 #include "platform/windows/directshow_graphs.h"
 #include "platform/windows/directsound_capture.h"
 #include "platform/windows/directsound_tone.h"
+#include "platform/windows/forms/task_bar_watch.h"
 #include "platform/windows/forms/win32_event_queue.h"
 #include "platform/windows/forms/win32_window_host.h"
 #include "platform/windows/registry_store.h"
+#include "platform/windows/shell_notification_icon.h"
 #include "platform/windows/system_clock.h"
 #include "platform/windows/wic_picture_loader.h"
 #include "platform/windows/wide_text.h"
@@ -146,11 +148,15 @@ int play(windows::WindowsFileSystem& files, platform::FirstInstance& instance,
   windows::DirectSoundCapture capture;
   windows::DirectSoundTone tone;
   windows::WindowsOutputFiles output(files);
+  windows::ShellNotificationIcon icon(
+      [&forms](controls::PictureBox& picture) { return forms.windowOf(picture); },
+      [&forms](const controls::Form& form) { return forms.iconOf(form); });
+  const windows_forms::TaskBarWatch taskBar([&icon] { icon.taskBarCreated(); });
   windows::WindowsMediaControls media;
   windows::WindowsPowerRequest power;
-  const platform::Machine machine{sound,   files,  settings, dialogs, pictures,
-                                  clock,   events, forms,    bytes,   encoding,
-                                  capture, tone,   output,   media,   power};
+  const platform::Machine machine{sound,  files, settings, dialogs,  pictures, clock,
+                                  events, forms, bytes,    encoding, capture,  tone,
+                                  output, media, power,    icon};
 
   app::Program program(machine);
   forms.listen(program.mainForm().form,

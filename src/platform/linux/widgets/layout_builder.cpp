@@ -13,6 +13,7 @@
 #include "platform/linux/widgets/level_bar.h"
 #include "platform/linux/widgets/meter_bar.h"
 #include "platform/linux/widgets/panel.h"
+#include "platform/linux/widgets/picture_view.h"
 #include "platform/linux/widgets/plain_buttons.h"
 #include "platform/linux/widgets/position_slider.h"
 #include "platform/linux/widgets/song_list_view.h"
@@ -57,6 +58,9 @@ struct Maker {
   }
   QWidget* operator()(controls::DirListBox* folders) const {
     return new FolderPopup(*folders, parent);
+  }
+  QWidget* operator()(controls::PictureBox* picture) const {
+    return new PictureView(*picture, parent);
   }
   QWidget* operator()(const controls::FaceButton& face) const {
     return new FaceButtonView(face, parent);

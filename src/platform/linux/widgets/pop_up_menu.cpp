@@ -16,9 +16,11 @@ QPalette raisedPalette() {
   return palette;
 }
 
+}  // namespace
+
 // An item acts once the menu's own event is over: it may let waiting events run, and those delete
 // the closed menu.
-void fill(QMenu& menu, const controls::MenuItem& items, const QObject& window) {
+void fillMenu(QMenu& menu, const controls::MenuItem& items, const QObject& context) {
   menu.setFont(theme::fontFor(controls::Look::Plain));
   menu.setPalette(raisedPalette());
   for (controls::MenuItem* item : items.items()) {
@@ -29,24 +31,22 @@ void fill(QMenu& menu, const controls::MenuItem& items, const QObject& window) {
       QMenu* inner = menu.addMenu(caption);
       inner->setEnabled(item->enabled());
       inner->menuAction()->setVisible(item->visible());
-      fill(*inner, *item, window);
+      fillMenu(*inner, *item, context);
     } else {
       QAction* action = menu.addAction(caption);
       action->setEnabled(item->enabled());
       action->setVisible(item->visible());
       QObject::connect(
-          action, &QAction::triggered, &window, [item] { quietly([item] { item->userClick(); }); },
+          action, &QAction::triggered, &context, [item] { quietly([item] { item->userClick(); }); },
           Qt::QueuedConnection);
     }
   }
 }
 
-}  // namespace
-
 QMenu* makePopUpMenu(const controls::MenuItem& menu, QWidget* parent) {
   auto* popUp = new QMenu(parent);
   popUp->setAttribute(Qt::WA_DeleteOnClose);
-  fill(*popUp, menu, *parent);
+  fillMenu(*popUp, menu, *parent);
   return popUp;
 }
 

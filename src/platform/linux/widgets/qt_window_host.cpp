@@ -10,12 +10,15 @@ struct QtWindowHost::Hosted {
   Hosted(const QtWindowHost& host, controls::Form& form) : host(host), form(form) {
     for (controls::Timer* timer : form.timers())
       timers.push_back(std::make_unique<FormTimer>(*timer));
-    subscription = form.changed.subscribe([this] { quietly([this] { showAtLast(); }); });
-    showAtLast();
+    shown = form.changed.subscribe([this] {
+      if (this->form.visible()) quietly([this] { makeWindow(); });
+    });
+    loaded = form.loadRequested.subscribe([this] { quietly([this] { makeWindow(); }); });
+    if (form.visible()) makeWindow();
   }
 
-  void showAtLast() {
-    if (window || !form.visible()) return;
+  void makeWindow() {
+    if (window) return;
     const FormWindow* owner = form.owner() ? host.windowOf(*form.owner()) : nullptr;
     window = std::make_unique<FormWindow>(form, owner);
   }
@@ -24,7 +27,7 @@ struct QtWindowHost::Hosted {
   controls::Form& form;
   std::unique_ptr<FormWindow> window;
   std::vector<std::unique_ptr<FormTimer>> timers;
-  base::Subscription subscription;
+  base::Subscription shown, loaded;
 };
 
 QtWindowHost::QtWindowHost() = default;

@@ -11,8 +11,8 @@ namespace nerolith::widgets {
 class FormTimer;
 class FormWindow;
 
-/// Makes a window for each form, at the latest when the form is shown for the first time: forms
-/// that nobody opens cost nothing. Needs a running QtApplication, on its thread.
+/// Makes a window for each form, when the form is loaded or shown for the first time: forms that
+/// nobody opens cost nothing. Needs a running QtApplication, on its thread.
 class QtWindowHost : public platform::WindowHost {
  public:
   QtWindowHost();
@@ -21,7 +21,7 @@ class QtWindowHost : public platform::WindowHost {
   void add(controls::Form& form) override;
   void remove(controls::Form& form) override;
 
-  /// The window of a form that was shown; nullptr before.
+  /// The window of a form that was loaded or shown; nullptr before.
   FormWindow* windowOf(const controls::Form& form) const;
 
  private:

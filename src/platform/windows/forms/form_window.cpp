@@ -51,6 +51,11 @@ void FormWindow::build() {
       floating_.push_back({overlay, view, layout_->viewOf(overlay.anchor)});
 }
 
+HWND FormWindow::windowOf(const controls::PlacedControl& control) const {
+  const ControlView* view = layout_->viewOf(control);
+  return view ? view->handle() : nullptr;
+}
+
 void FormWindow::subscribe() {
   subscriptions_.push_back(form_.changed.subscribe([this] { quietly([this] { followForm(); }); }));
   subscriptions_.push_back(
@@ -245,7 +250,11 @@ void FormWindow::popUp() {
   while (lastInputWasKey_ && PeekMessageW(&sign, nullptr, WM_CHAR, WM_CHAR, PM_REMOVE)) continue;
   const auto* view = focus ? dynamic_cast<const ControlView*>(of(focus)) : nullptr;
   if (lastInputWasKey_ && view && IsChild(handle(), focus)) where = view->menuPlace();
+  // A window out of sight: only the one in front hears that the user clicks elsewhere, and it has
+  // to get a message behind the menu's, or the next menu would close at once.
+  if (!shown_) SetForegroundWindow(handle());
   showPopUpMenu(handle(), *menu, where);
+  if (!shown_) PostMessageW(handle(), WM_NULL, 0, 0);
 }
 
 std::optional<LRESULT> FormWindow::toView(HWND view, UINT message, WPARAM first, LPARAM second) {

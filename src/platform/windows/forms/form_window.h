@@ -23,6 +23,9 @@ class FormWindow : public Window, private FormGround {
   explicit FormWindow(controls::Form& form, HWND owner = nullptr);
   ~FormWindow() override;
 
+  /// The window of a control that is laid out in this one; nullptr for another.
+  HWND windowOf(const controls::PlacedControl& control) const;
+
   /// Shown to it before the message goes to its window; true: the message is done with.
   bool takesMessage(const MSG& message);
 

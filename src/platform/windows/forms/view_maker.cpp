@@ -8,6 +8,7 @@
 #include "platform/windows/forms/lamp_switch.h"
 #include "platform/windows/forms/level_bar.h"
 #include "platform/windows/forms/meter_bar.h"
+#include "platform/windows/forms/picture_view.h"
 #include "platform/windows/forms/position_slider.h"
 #include "platform/windows/forms/song_list_view.h"
 #include "platform/windows/forms/text_line.h"
@@ -60,6 +61,9 @@ struct Maker {
   }
   View operator()(controls::DirListBox* folders) const {
     return std::make_unique<FolderPopup>(ground, *folders);
+  }
+  View operator()(controls::PictureBox* picture) const {
+    return std::make_unique<PictureView>(ground, *picture);
   }
   View operator()(const controls::FaceButton& face) const {
     return std::make_unique<FaceButtonView>(ground, face);

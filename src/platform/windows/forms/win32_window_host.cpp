@@ -14,12 +14,15 @@ struct Win32WindowHost::Hosted {
   Hosted(const Win32WindowHost& host, controls::Form& form) : host(host), form(form) {
     for (controls::Timer* timer : form.timers())
       timers.push_back(std::make_unique<FormTimer>(*timer));
-    subscription = form.changed.subscribe([this] { quietly([this] { showAtLast(); }); });
-    showAtLast();
+    shown = form.changed.subscribe([this] {
+      if (this->form.visible()) quietly([this] { makeWindow(); });
+    });
+    loaded = form.loadRequested.subscribe([this] { quietly([this] { makeWindow(); }); });
+    if (form.visible()) makeWindow();
   }
 
-  void showAtLast() {
-    if (window || !form.visible()) return;
+  void makeWindow() {
+    if (window) return;
     const FormWindow* owner = form.owner() ? host.windowOf(*form.owner()) : nullptr;
     window = std::make_unique<FormWindow>(form, owner ? owner->handle() : nullptr);
     window->setListener(listener);
@@ -30,7 +33,7 @@ struct Win32WindowHost::Hosted {
   FormWindow::Listener listener;
   std::unique_ptr<FormWindow> window;
   std::vector<std::unique_ptr<FormTimer>> timers;
-  base::Subscription subscription;
+  base::Subscription shown, loaded;
 };
 
 Win32WindowHost::Win32WindowHost(Win32EventQueue& events) : events_(events) {
@@ -57,6 +60,20 @@ void Win32WindowHost::listen(const controls::Form& form, FormWindow::Listener li
 FormWindow* Win32WindowHost::windowOf(const controls::Form& form) const {
   const auto found = forms_.find(&form);
   return found == forms_.end() ? nullptr : found->second->window.get();
+}
+
+HWND Win32WindowHost::windowOf(controls::PictureBox& picture) const {
+  for (const auto& [form, hosted] : forms_)
+    if (const HWND found = hosted->window ? hosted->window->windowOf(&picture) : nullptr)
+      return found;
+  return nullptr;
+}
+
+HICON Win32WindowHost::iconOf(const controls::Form& form) const {
+  const FormWindow* window = windowOf(form);
+  if (!window) return nullptr;
+  const ULONG_PTR small = GetClassLongPtrW(window->handle(), GCLP_HICONSM);
+  return reinterpret_cast<HICON>(small ? small : GetClassLongPtrW(window->handle(), GCLP_HICON));
 }
 
 bool Win32WindowHost::takesMessage(const MSG& message) {

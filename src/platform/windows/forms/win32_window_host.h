@@ -4,14 +4,15 @@
 #include <map>
 #include <memory>
 
+#include "controls/picture_box.h"
 #include "platform/window_host.h"
 #include "platform/windows/forms/form_window.h"
 #include "platform/windows/forms/win32_event_queue.h"
 
 namespace nerolith::windows_forms {
 
-/// Makes a window for each form, at the latest when the form is shown for the first time: forms
-/// that nobody opens cost nothing. The event queue outlives it; all on its thread.
+/// Makes a window for each form, when the form is loaded or shown for the first time: forms that
+/// nobody opens cost nothing. The event queue outlives it; all on its thread.
 class Win32WindowHost : public platform::WindowHost {
  public:
   explicit Win32WindowHost(Win32EventQueue& events);
@@ -24,8 +25,12 @@ class Win32WindowHost : public platform::WindowHost {
   /// form was added; the listener outlives it.
   void listen(const controls::Form& form, FormWindow::Listener listener);
 
-  /// The window of a form that was shown; nullptr before.
+  /// The window of a form that was loaded or shown; nullptr before.
   FormWindow* windowOf(const controls::Form& form) const;
+  /// The window of a picture box in one of these; nullptr where there is none.
+  HWND windowOf(controls::PictureBox& picture) const;
+  /// The icon of the form's window; nullptr where there is none.
+  HICON iconOf(const controls::Form& form) const;
 
  private:
   struct Hosted;

@@ -1,0 +1,123 @@
+// The icon in the notification area of the shell that runs here, which is Wine's own in the tests.
+#include <windows.h>
+
+#include <gtest/gtest.h>
+#include <shellapi.h>
+
+#include "contracts/notification_icon_contract.h"
+#include "forms/form3.h"
+#include "platform/windows/forms/task_bar_watch.h"
+#include "platform/windows/shell_notification_icon.h"
+#include "windows_forms/shown_form.h"
+
+namespace nerolith::windows_forms {
+namespace {
+
+class TrayRig {
+ public:
+  TrayRig()
+      : door([this](controls::PictureBox& picture) { return shown.host.windowOf(picture); },
+             [this](const controls::Form& form) { return shown.host.iconOf(form); }) {
+    shown.host.add(tray.form);
+    tray.form.load();
+    shown.settle();
+  }
+  ~TrayRig() { shown.host.remove(tray.form); }
+
+  platform::NotificationIcon& icon() { return door; }
+  platform::NotifyRecord record() {
+    platform::NotifyRecord record{.size = 88,
+                                  .window = &tray.picTray,
+                                  .id = 100,
+                                  .flags = 7,
+                                  .callbackMessage = 512,
+                                  .icon = &shown.form.form};
+    std::string("Nerolith").copy(record.tip.data(), record.tip.size() - 1);
+    return record;
+  }
+  HWND picture() { return shown.host.windowOf(tray.picTray); }
+  void mouse(int message) { PostMessageW(picture(), WM_MOUSEMOVE, 100, message); }
+  void settle() { shown.settle(); }
+
+  /// Whether the shell knows the icon: it changes none that it does not.
+  bool shellKnowsIt() {
+    NOTIFYICONDATAA data{};
+    data.cbSize = NOTIFYICONDATAA_V1_SIZE;
+    data.hWnd = picture();
+    data.uID = 100;
+    return Shell_NotifyIconA(NIM_MODIFY, &data) != FALSE;
+  }
+  void shellForgetsIt() {
+    NOTIFYICONDATAA data{};
+    data.cbSize = NOTIFYICONDATAA_V1_SIZE;
+    data.hWnd = picture();
+    data.uID = 100;
+    Shell_NotifyIconA(NIM_DELETE, &data);
+  }
+
+  ShownForm shown;
+  forms::Form3 tray;
+  windows::ShellNotificationIcon door;
+};
+
+TEST(TrayIcon, TheHiddenFormsPictureBoxHasAWindowOnceTheFormIsLoaded) {
+  TrayRig rig;
+  EXPECT_TRUE(IsWindow(rig.picture()));
+  EXPECT_FALSE(IsWindowVisible(rig.picture()));
+}
+
+TEST(TrayIcon, TheShellKnowsItFromAddingToDeleting) {
+  TrayRig rig;
+  EXPECT_FALSE(rig.shellKnowsIt());
+  rig.door.notify(platform::NotifyMessage::Add, rig.record());
+  EXPECT_TRUE(rig.shellKnowsIt());
+  rig.door.notify(platform::NotifyMessage::Delete, rig.record());
+  EXPECT_FALSE(rig.shellKnowsIt());
+}
+
+TEST(TrayIcon, APictureBoxWithoutAWindowGetsNone) {
+  TrayRig rig;
+  controls::PictureBox nowhere;
+  platform::NotifyRecord record = rig.record();
+  record.window = &nowhere;
+  EXPECT_FALSE(rig.door.notify(platform::NotifyMessage::Add, record));
+  EXPECT_FALSE(rig.door.shown());
+}
+
+TEST(TrayIcon, IsAddedOnceMoreWhenTheTaskBarIsMadeAnew) {
+  TrayRig rig;
+  const TaskBarWatch watch([&rig] { rig.door.taskBarCreated(); });
+  const UINT created = RegisterWindowMessageW(L"TaskbarCreated");
+  SendMessageW(watch.handle(), created, 0, 0);
+  EXPECT_FALSE(rig.shellKnowsIt()) << "it was never there";
+  rig.door.notify(platform::NotifyMessage::Add, rig.record());
+  rig.shellForgetsIt();
+  ASSERT_FALSE(rig.shellKnowsIt());
+  SendMessageW(watch.handle(), created, 0, 0);
+  EXPECT_TRUE(rig.shellKnowsIt());
+  rig.door.notify(platform::NotifyMessage::Delete, rig.record());
+}
+
+TEST(TrayIcon, TheMenuOfAHiddenFormPopsUpAndItsItemActs) {
+  TrayRig rig;
+  int clicks = 0;
+  const auto hearing = rig.tray.mnuPlayNext.click.subscribe([&] { ++clicks; });
+  rig.tray.form.popUpMenu(rig.tray.mnuFile);
+  const HWND host = rig.shown.host.windowOf(rig.tray.form)->handle();
+  PostMessageW(host, WM_KEYDOWN, VK_DOWN, 1);
+  PostMessageW(host, WM_KEYDOWN, VK_RETURN, 1);
+  rig.settle();
+  EXPECT_EQ(clicks, 1);
+  EXPECT_FALSE(IsWindowVisible(host));
+}
+
+}  // namespace
+}  // namespace nerolith::windows_forms
+
+namespace nerolith::contracts {
+namespace {
+
+INSTANTIATE_TYPED_TEST_SUITE_P(Shell, NotificationIconContract, windows_forms::TrayRig);
+
+}  // namespace
+}  // namespace nerolith::contracts
