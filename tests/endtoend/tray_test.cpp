@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "endtoend/stage.h"
+#include "endtoend/wait_until.h"
 #include "endtoend/window_places.h"
 
 namespace nerolith::endtoend {
@@ -11,7 +12,6 @@ namespace {
 
 const std::filesystem::path kPictures = NEROLITH_SCREENSHOT_DIR;
 const std::filesystem::path kNoMenu = kPictures / "no tray menu.png";
-constexpr const char* kTitle = "^Nerolith$";
 constexpr int kLeft = 1, kRight = 3;
 enum Entry { PlayNext = 1, Maximize = 2, Exit = 3 };
 
@@ -39,10 +39,11 @@ class TrayTest : public testing::Test {
     stage.player->key("Return");
   }
   void pressHide() { stage.player->click(places::kHideX, places::kCloseY); }
-  bool windowShown() { return stage.player->waitForTitle(kTitle, 10); }
+  bool windowShown() const {
+    return waitUntil(10, [&] { return stage.player->showsMainWindow(); });
+  }
   bool windowGone() const {
-    for (int i = 0; i < 100 && stage.player->showsTitle(kTitle); ++i) pauseFor(0.1);
-    return !stage.player->showsTitle(kTitle);
+    return waitUntil(10, [&] { return !stage.player->showsMainWindow(); });
   }
   bool minimised() const {
     const std::string state = outputOf(

@@ -9,6 +9,7 @@
 #include "platform/windows/forms/task_bar_watch.h"
 #include "platform/windows/shell_notification_icon.h"
 #include "windows_forms/shown_form.h"
+#include "windows_forms/window_picture.h"
 
 namespace nerolith::windows_forms {
 namespace {
@@ -96,6 +97,25 @@ TEST(TrayIcon, IsAddedOnceMoreWhenTheTaskBarIsMadeAnew) {
   SendMessageW(watch.handle(), created, 0, 0);
   EXPECT_TRUE(rig.shellKnowsIt());
   rig.door.notify(platform::NotifyMessage::Delete, rig.record());
+}
+
+TEST(TrayIcon, ThePanelShowsItsKeysAndTheMouseOverItsPictureIsToldInTwips) {
+  TrayRig rig;
+  rig.tray.lblMessage.setCaption("Uninitialized...");
+  rig.tray.form.setVisible(true);
+  rig.settle();
+  const HWND panel = rig.shown.host.windowOf(rig.tray.form)->handle();
+  for (const wchar_t* words : {L"&Add Icon", L"&Delete Icon", L"&Close"})
+    EXPECT_TRUE(IsWindowVisible(FindWindowExW(panel, nullptr, L"BUTTON", words)));
+  EXPECT_TRUE(WindowPicture(panel).save("tray-panel"));
+  float across = 0, down = 0;
+  const auto hearing = rig.tray.picTray.mouseMove.subscribe([&](float x, float y) {
+    across = x;
+    down = y;
+  });
+  SendMessageW(rig.picture(), WM_MOUSEMOVE, 0, MAKELPARAM(10, 20));
+  EXPECT_EQ(across, 150);
+  EXPECT_EQ(down, 300);
 }
 
 TEST(TrayIcon, TheMenuOfAHiddenFormPopsUpAndItsItemActs) {
