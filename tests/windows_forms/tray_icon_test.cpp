@@ -102,11 +102,18 @@ TEST(TrayIcon, IsAddedOnceMoreWhenTheTaskBarIsMadeAnew) {
 TEST(TrayIcon, ThePanelShowsItsKeysAndTheMouseOverItsPictureIsToldInTwips) {
   TrayRig rig;
   rig.tray.lblMessage.setCaption("Uninitialized...");
+  rig.shown.form.form.setVisible(false);  // it would lie over the panel
   rig.tray.form.setVisible(true);
   rig.settle();
   const HWND panel = rig.shown.host.windowOf(rig.tray.form)->handle();
   for (const wchar_t* words : {L"&Add Icon", L"&Delete Icon", L"&Close"})
     EXPECT_TRUE(IsWindowVisible(FindWindowExW(panel, nullptr, L"BUTTON", words)));
+  // Painted, down to the last of its keys, as soon as the screen has followed.
+  for (int i = 0; i < 100 && WindowPicture(panel).pixel(60, 140) == 0; ++i) {
+    rig.settle();
+    Sleep(20);
+  }
+  EXPECT_NE(WindowPicture(panel).pixel(60, 140), 0u);
   EXPECT_TRUE(WindowPicture(panel).save("tray-panel"));
   float across = 0, down = 0;
   const auto hearing = rig.tray.picTray.mouseMove.subscribe([&](float x, float y) {
