@@ -75,7 +75,7 @@ int breaksIn(const std::string& path) {
     const int change = samples[2 * frame] - samples[2 * (frame - kPeriod)];
     if (std::abs(change) <= kTolerance || frame < passed) continue;
     ++breaks;
-    passed = frame + 2 * kPeriod;
+    passed = frame + std::size_t{2} * kPeriod;
   }
   if (samples.size() / 2 <= kSettling || *std::max_element(samples.begin(), samples.end()) < 8000)
     throw platform::Failure("no tone was recorded");
