@@ -150,9 +150,10 @@ void FormWindow::bringForward() {
 /// Where a menu that a key opens belongs: below the current entry of a list, else below the
 /// control.
 QPoint FormWindow::placeOfFocus() const {
-  const QWidget* here = focusWidget() ? focusWidget() : this;
-  const auto* list = dynamic_cast<const QAbstractItemView*>(here);
-  if (!list) return here->mapToGlobal(QPoint(0, here->height()));
+  const QWidget* focused = focusWidget();
+  const QWidget& here = focused ? *focused : *this;
+  const auto* list = dynamic_cast<const QAbstractItemView*>(&here);
+  if (!list) return here.mapToGlobal(QPoint(0, here.height()));
   const QRect entry = list->visualRect(list->currentIndex()) & list->viewport()->rect();
   return list->viewport()->mapToGlobal(entry.isEmpty() ? QPoint(32, 8)
                                                        : entry.bottomLeft() + QPoint(32, 0));
