@@ -148,7 +148,7 @@ TEST_F(DesktopControls, TheDesktopRaisesAndEndsThePlayer) {
   runToEnd(tool({"xdotool", "search", "--name", "^Nerolith$", "windowminimize"}));
   ASSERT_TRUE(within(5, [&] { return !stage.player->showsTitle("^Nerolith$"); }));
   EXPECT_EQ(say("org.mpris.MediaPlayer2.Raise"), 0);
-  EXPECT_TRUE(stage.player->waitForTitle("^Nerolith$", 5));
+  EXPECT_TRUE(stage.player->waitForTitle("Nerolith", 5));
   EXPECT_EQ(say("org.mpris.MediaPlayer2.Quit"), 0);
   EXPECT_EQ(stage.player->waitForEnd(5), 0);
   EXPECT_EQ(storedText(stage.desktop, "Microsoft Visual Basic AddIns/Setting", "setting"), "1");

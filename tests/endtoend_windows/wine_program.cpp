@@ -79,6 +79,9 @@ void writeSettings(const PrivateDesktop& desktop, const StoredSettings& settings
   put("lo", truth(settings.loop));
   put("color", settings.colour);
   put("ti", truth(settings.timeInverted));
+  // On a screen without a tray Wine puts the icons into a window of its own, which takes the keys.
+  out << "\n[Software\\\\Wine\\\\X11 Driver] 1700000000\n";
+  put("ShowSystray", "N");
   out << "\n[" << kSettings << "Nerolith\\\\Setting] 1700000000\n";
   put("enabl", truth(settings.recentRule));
   put("mark_for_deletion", truth(settings.markDeletions));

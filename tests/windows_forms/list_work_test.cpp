@@ -110,7 +110,13 @@ class PlayerOnScreen : public testing::Test {
         m.graphs, files, m.settings, dialogs, m.pictures, m.clock, events, host, m.bytes,
         m.encoding, m.capture, m.tone, m.output, m.media, m.power, m.icon});
     program->start("");
-    events.runWaitingEvents();
+    // What the start leaves to events of its own would else come between the keys of a test.
+    bool begun = false;
+    events.post([&begun] { begun = true; });
+    while (!begun) {
+      events.runWaitingEvents();
+      Sleep(1);
+    }
     SetForegroundWindow(window());
     form().List1.setFocus();
     hand = std::make_unique<MenuHand>(window());
