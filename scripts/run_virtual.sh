@@ -14,12 +14,12 @@ started= recorder=
 # What Wine has running outlives the script that started it.
 wine=no
 case $1 in
-    */wine_test.sh) wine=yes ;;
+    */wine_test.sh) wine=$2 ;;
 esac
 end_wine() {
-    [ $wine = yes ] || return 0
-    WINEPREFIX="$out/wine/prefix" wineserver -k 2>/dev/null || true
-    WINEPREFIX="$out/wine/prefix" wineserver -w 2>/dev/null || true
+    [ "$wine" != no ] || return 0
+    WINEPREFIX="$PWD/$wine/prefix" wineserver -k 2>/dev/null || true
+    WINEPREFIX="$PWD/$wine/prefix" wineserver -w 2>/dev/null || true
 }
 
 # Ends only what this script started, newest first.
@@ -98,8 +98,8 @@ done
 
 result=0
 if kill -0 $player 2>/dev/null; then
-    if [ "$wine" = yes ]; then
-        WINEPREFIX="$out/wine/prefix" WINEDEBUG=-all timeout 10 \
+    if [ "$wine" != no ]; then
+        WINEPREFIX="$PWD/$wine/prefix" WINEDEBUG=-all timeout 10 \
             wine taskkill /im velmarion.exe >/dev/null 2>&1 </dev/null || end_wine
     else
         kill $player
