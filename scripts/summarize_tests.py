@@ -2,9 +2,9 @@
 """summarize_tests.py RESULTS_DIR GROUP...: adds up the JUnit files that ctest wrote.
 
 Prints the last lines of each failed test, a line for each group (RESULTS_DIR/GROUP.xml) and the
-total as the last line. A group
-without a file did not build or did not run, and counts as one failure. Only a test that says
-itself that it skips is skipped; one whose program is missing has failed.
+total as the last line. A group without a file did not build or did not run, and counts as one
+failure. Only a test that says itself that it skips is skipped; one whose program is missing has
+failed.
 """
 
 import os

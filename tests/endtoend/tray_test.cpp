@@ -50,6 +50,18 @@ class TrayTest : public testing::Test {
         stage.desktop.command({"xprop", "-name", "Nerolith", "WM_STATE"}), stage.desktop.scratch());
     return state.find("Iconic") != std::string::npos;
   }
+  /// While the window is hidden; the next tray of that kind has the icon again.
+  void trayGoesAndComesAgain(Tray::Kind kind) {
+    bringUp(kind);
+    open();
+    ASSERT_TRUE(tray->waitForIcon(15));
+    pressHide();
+    ASSERT_TRUE(windowGone());
+    tray->kill();
+    EXPECT_TRUE(windowShown());
+    tray = std::make_unique<Tray>(stage.desktop, kind);
+    EXPECT_TRUE(tray->waitForIcon(15)) << registeredItems(stage.desktop);
+  }
   bool plays(std::size_t song) const {
     return stage.recording->waitForTone(stage.songs[song].hertz, 10);
   }
@@ -97,15 +109,7 @@ TEST_F(TrayTest, AnEmbeddedIconDoesTheSame) {
 }
 
 TEST_F(TrayTest, AHiddenWindowComesBackWhenTheItemsHostGoesAndTheIconWithTheNext) {
-  bringUp(Tray::Kind::Items);
-  open();
-  ASSERT_TRUE(tray->waitForIcon(15));
-  pressHide();
-  ASSERT_TRUE(windowGone());
-  tray->kill();
-  EXPECT_TRUE(windowShown());
-  tray = std::make_unique<Tray>(stage.desktop, Tray::Kind::Items);
-  EXPECT_TRUE(tray->waitForIcon(15)) << registeredItems(stage.desktop);
+  trayGoesAndComesAgain(Tray::Kind::Items);
   pressHide();
   ASSERT_TRUE(windowGone());
   choose(kLeft, Maximize);
@@ -113,15 +117,7 @@ TEST_F(TrayTest, AHiddenWindowComesBackWhenTheItemsHostGoesAndTheIconWithTheNext
 }
 
 TEST_F(TrayTest, AHiddenWindowComesBackWhenTheEmbeddingTrayGoesAndTheIconWithTheNext) {
-  bringUp(Tray::Kind::Embedding);
-  open();
-  ASSERT_TRUE(tray->waitForIcon(15));
-  pressHide();
-  ASSERT_TRUE(windowGone());
-  tray->kill();
-  EXPECT_TRUE(windowShown());
-  tray = std::make_unique<Tray>(stage.desktop, Tray::Kind::Embedding);
-  EXPECT_TRUE(tray->waitForIcon(15));
+  trayGoesAndComesAgain(Tray::Kind::Embedding);
 }
 
 TEST_F(TrayTest, WithoutATrayTheHideKeyMinimisesAndATrayThatComesLaterGetsTheIcon) {
