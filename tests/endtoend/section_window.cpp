@@ -1,14 +1,13 @@
 #include "endtoend/section_window.h"
 
-#include <chrono>
 #include <cstdlib>
 #include <fstream>
 #include <stdexcept>
-#include <thread>
 
 #include "endtoend/picture.h"
 #include "endtoend/shipped_program.h"
 #include "endtoend/stage.h"
+#include "endtoend/wait_until.h"
 #include "endtoend/window_places.h"
 
 namespace nerolith::endtoend {
@@ -35,9 +34,25 @@ void SectionWindow::tool(std::vector<std::string> words) const {
   runToEnd(desktop_.command(std::move(words)));
 }
 
+bool SectionWindow::active() const {
+  const ScratchFolder scratch;
+  return outputOf(desktop_.command({"xdotool", "getactivewindow", "getwindowname"}), scratch.path())
+             .find(kTitle) != std::string::npos;
+}
+
 void SectionWindow::click(int x, int y) const {
-  tool({"search", "--onlyvisible", "--name", kTitle, "windowactivate", "--sync", "mousemove",
-        "--window", "%1", std::to_string(x), std::to_string(y), "click", "1"});
+  const std::vector<std::string> window = {"search", "--onlyvisible", "--name", kTitle};
+  const auto onIt = [&](std::vector<std::string> words) {
+    words.insert(words.begin(), window.begin(), window.end());
+    tool(std::move(words));
+  };
+  // A window manager on a busy machine may miss the first time.
+  for (int turn = 0; turn < 3 && !active(); ++turn) {
+    onIt({"windowactivate"});
+    waitUntil(4, [&] { return active(); });
+  }
+  if (!active()) throw std::runtime_error("the recording section does not come to the front");
+  onIt({"mousemove", "--window", "%1", std::to_string(x), std::to_string(y), "click", "1"});
 }
 
 void SectionWindow::chooseFile(const std::filesystem::path& file) const {
@@ -96,16 +111,14 @@ bool SectionWindow::showsLevel() const {
 bool SectionWindow::shown() const { return player_.showsTitle(kTitle); }
 
 bool waitForFinishedFile(const std::filesystem::path& file, double longest) {
-  const auto until = std::chrono::steady_clock::now() + std::chrono::duration<double>(longest);
-  do {
+  // The last of the two sizes is written last.
+  constexpr int kDataSize = 40;
+  return waitUntil(longest, [&] {
     std::ifstream in(file, std::ios::binary);
     char size[4] = {};
-    in.seekg(4);
-    if (in.read(size, sizeof size) && std::string(size, sizeof size) != std::string(4, '\0'))
-      return true;
-    std::this_thread::sleep_for(std::chrono::milliseconds(50));
-  } while (std::chrono::steady_clock::now() < until);
-  return false;
+    in.seekg(kDataSize);
+    return in.read(size, sizeof size) && std::string(size, sizeof size) != std::string(4, '\0');
+  });
 }
 
 }  // namespace nerolith::endtoend

@@ -34,7 +34,9 @@ class SectionWindow {
  private:
   /// The contrast of a part of the window.
   double contrastOf(Place part) const;
+  /// Throws when the window cannot be brought to the front.
   void click(int x, int y) const;
+  bool active() const;
   void tool(std::vector<std::string> words) const;
 
   const PrivateDesktop& desktop_;

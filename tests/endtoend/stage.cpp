@@ -1,15 +1,32 @@
 #include "endtoend/stage.h"
 
+#include <gtest/gtest.h>
+
 #include <algorithm>
 #include <chrono>
 #include <cmath>
 #include <iomanip>
+#include <iostream>
 #include <numeric>
 #include <sstream>
 #include <stdexcept>
 #include <thread>
 
 namespace nerolith::endtoend {
+namespace {
+
+/// What the screen shows when something is wrong, for whoever has to find out.
+void keepPicture(const PrivateDesktop& desktop) {
+  const auto* test = ::testing::UnitTest::GetInstance()->current_test_info();
+  const std::string name = std::string(test->test_suite_name()) + '.' + test->name() + ".png";
+  try {
+    desktop.screenshot(std::filesystem::path(NEROLITH_SCREENSHOT_DIR) / "trouble" / name);
+  } catch (const std::runtime_error& error) {
+    std::cout << error.what() << '\n';
+  }
+}
+
+}  // namespace
 
 const std::vector<Song>& Stage::prepare(const std::vector<std::string>& names, double seconds) {
   songs = makeSongs(desktop.music(), names, seconds);
@@ -47,6 +64,7 @@ Complaints Stage::disturbances(const Sound& sound, double from) const {
 
 Outcome Stage::outcome(Complaints complaints, std::vector<std::string> figures) const {
   if (!player->running()) complaints.push_back("the player is gone: " + player->output());
+  if (!complaints.empty()) keepPicture(desktop);
   return {std::move(complaints), disturbances(recording->sound(), 0.3), std::move(figures)};
 }
 
