@@ -228,6 +228,10 @@ void recordsound2file::endInTrouble(const std::string& reason) {
                  fileTrouble_;
 }
 
+void recordsound2file::letGoOfFile() {
+  if (!writing_) file_.reset();
+}
+
 /// A start in the middle of a recording: its file stays behind as it is, but whole.
 void recordsound2file::abandon() {
   base::goOn([this] {

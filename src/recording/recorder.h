@@ -75,6 +75,8 @@ class recordsound2file {
 
   // Beyond the recorder as the window has always known it.
 
+  /// Closes a file that a stop before its first half left open; none other.
+  void letGoOfFile();
   /// One sentence for the user when this recording is in trouble; empty while all is well. Once
   /// the file cannot be written any more (disk full, folder removed, file held by another program)
   /// the recording has ended by itself: `writingtofile` is false, what was written so far is a

@@ -46,6 +46,16 @@ void RecordingSection::correctVolume() {
   if (change.caption) caption.setCaption(std::string(*change.caption));
 }
 
+void RecordingSection::open() {
+  if (closed_) return;
+  // What the ticks of the player would have said meanwhile, had there been a window.
+  if (!window_ && !adjustEnabled()) {
+    window();
+    volumeCorrectionStep();
+  }
+  window().open();
+}
+
 void RecordingSection::stopRecording() {
   if (window_) window_->playerStopped();
 }

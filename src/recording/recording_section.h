@@ -23,9 +23,7 @@ class RecordingSection final : public player::RecordingLink {
   void stopAfterLastSong() override;
 
   /// The menu's "Recording section".
-  void open() {
-    if (!closed_) window().open();
-  }
+  void open();
   /// Asks whether a recording that the last run could not finish is to be repaired, if there is
   /// one. Waits for the answer. Asked once, whatever it is; put off while the file cannot be
   /// written. One that was repaired since is not asked for.

@@ -160,6 +160,10 @@ bool RecordingWindow::chooseFile() {
                                      platform::MessageButtons::YesNo, platform::Answer::No};
     cancelled_ = doors_.dialogs.showMessage(question) != platform::Answer::Yes;
     if (cancelled_) return false;
+    // A folder may give up what the file itself is guarded against: it is read-only, or another
+    // player records into it.
+    need().letGoOfFile();
+    doors_.output.reopen(path)->close();
     doors_.files.deleteFile(path);
   }
   need().filename(path);
@@ -179,6 +183,7 @@ void RecordingWindow::start() {
     if (!need().filename().empty()) tell("The choice of another file was cancelled. Start again?");
     return;
   }
+  fade_.cancel();  // of a recording that Exit has ended: the next one is none of its business
   stopPlayer();
   try {
     need().Start_Recording();

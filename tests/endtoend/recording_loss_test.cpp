@@ -1,10 +1,16 @@
-// What a recording survives on Linux: a sound server that is restarted, a program that is held up;
-// and what it does not, a folder that is removed.
+// What a recording survives on Linux: a sound server that is restarted, a program that is held up,
+// another one that wants its file; and what it does not, a folder that is removed.
 #include <gtest/gtest.h>
 
+#include <fcntl.h>
+#include <sys/file.h>
+#include <unistd.h>
+
 #include <csignal>
+#include <fstream>
 
 #include "endtoend/recording_stage.h"
+#include "endtoend/shipped_program.h"
 
 namespace nerolith::endtoend {
 namespace {
@@ -69,6 +75,67 @@ Outcome folderIsRemoved() {
 }
 
 TEST(RecordingLoss, AFolderThatIsRemovedIsSaidAndThePlayerPlaysOn) { measure(folderIsRemoved); }
+
+/// Another program that writes a file, and asks first whether somebody else does.
+class OtherWriter {
+ public:
+  explicit OtherWriter(const std::filesystem::path& file) : file_(open(file.c_str(), O_RDWR)) {}
+  ~OtherWriter() { close(file_); }
+  OtherWriter(const OtherWriter&) = delete;
+  OtherWriter& operator=(const OtherWriter&) = delete;
+  bool takes() const { return file_ >= 0 && flock(file_, LOCK_EX | LOCK_NB) == 0; }
+
+ private:
+  int file_;
+};
+
+/// Chooses the file that is there, and wants it overwritten.
+bool overwrites(const RecordingStage& it) {
+  const int before = it.stage.player->countTitles(".");
+  it.section->chooseFile(it.file);
+  const bool asked = waitUntil(10, [&] { return it.stage.player->countTitles(".") > before; });
+  it.stage.player->key("alt+y");
+  return asked && waitUntil(10, [&] { return it.stage.player->countTitles(".") == before; });
+}
+
+Outcome fileOfTwoPrograms() {
+  RecordingStage it;
+  it.stage.prepare({"1 first.wav"}, 30);
+  it.file = it.stage.desktop.scratch() / "take.wav";
+  std::ofstream(it.file) << "theirs";
+  auto other = std::make_unique<OtherWriter>(it.file);
+  if (!other->takes()) return {{"the file cannot be locked"}, {}, {}};
+  it.stage.open({.mode = 1, .mixLead = 4, .fadeLength = 2});
+  it.section = std::make_unique<SectionWindow>(it.stage.desktop, *it.stage.player);
+  Complaints complaints;
+  expect(overwrites(it), "it is not asked for the file", complaints);
+  expect(waitUntil(5, [&] { return it.section->noticeContrast() > kNoticeLegible; }),
+         "the window does not say who holds the file", complaints);
+  it.stage.desktop.screenshot(kPictures / "recording-held-file.png");
+  expect(contentsOf(it.file) == "theirs", "the other program's file is touched", complaints);
+
+  other.reset();
+  expect(overwrites(it), "it is not asked for the file again", complaints);
+  if (!it.start()) return it.stage.outcome({"the song is not heard"});
+  expect(it.holdsHalves(1, 15), "the file does not grow", complaints);
+  expect(!OtherWriter(it.file).takes(), "another program may write into it", complaints);
+  expect(runToEnd(startOf(it.stage.desktop, {"--repair", toldAs(it.file)})) == 1,
+         "it is repaired while it is recorded", complaints);
+  expect(it.holdsHalves(2, 15), "the file does not grow on", complaints);
+  expect(it.section->noticeContrast() < kNoticeEmpty, "trouble without cause", complaints);
+  it.section->exit();
+  expect(waitForFinishedFile(it.file, 5), "the file is not finished", complaints);
+  expect(waitUntil(5, [&] { return OtherWriter(it.file).takes(); }),
+         "it is held after the recording", complaints);
+  const RecordedWave wave = readRecorded(it.file, complaints);
+  expect(lostIn(wave.sound, it.stage.recording->sound(), it.stage.songs[0]).empty(),
+         "breaks in the tone", complaints);
+  return it.stage.outcome(complaints, {figure("recorded", wave.seconds(), "s")});
+}
+
+TEST(RecordingLoss, AFileThatAnotherProgramWritesIsLeftToItAndOursToUs) {
+  measure(fileOfTwoPrograms);
+}
 
 Outcome programIsHeldUp() {
   RecordingStage it;

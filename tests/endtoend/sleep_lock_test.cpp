@@ -3,7 +3,9 @@
 #include <csignal>
 #include <functional>
 
+#include "endtoend/section_window.h"
 #include "endtoend/stage.h"
+#include "endtoend/wait_until.h"
 
 namespace nerolith::endtoend {
 namespace {
@@ -50,6 +52,29 @@ TEST_F(SleepLock, EndsWithAPlayerThatIsKilled) {
   ASSERT_TRUE(says(kHeld)) << contentsOf(stage.desktop.scratch() / "logind");
   stage.player->program().kill();
   EXPECT_TRUE(says(std::string(kHeld) + "released\n"));
+}
+
+// A list without songs: the recording runs, and nothing plays.
+TEST_F(SleepLock, IsHeldByARecordingInWhichNothingPlaysUntilItsStop) {
+  std::filesystem::remove(stage.songs[0].file);
+  ASSERT_TRUE(says("ready\n"));
+  stage.open({.mode = 1, .fadeLength = 1});
+  const SectionWindow section(stage.desktop, *stage.player);
+  const std::filesystem::path file = stage.desktop.scratch() / "take.wav";
+  section.chooseFile(file);
+  EXPECT_TRUE(says("ready\n")) << "held before there is a reason";
+  section.start();
+  const std::string held = "ready\nhold sleep:idle block Nerolith: Recording\n";
+  EXPECT_TRUE(says(held)) << contentsOf(stage.desktop.scratch() / "logind");
+  EXPECT_TRUE(waitUntil(15, [&] {
+    std::error_code missing;
+    const auto size = std::filesystem::file_size(file, missing);
+    return !missing && size > 44;
+  })) << "nothing is recorded";
+  EXPECT_TRUE(says(held)) << contentsOf(stage.desktop.scratch() / "logind");
+  section.fadeOutAndStop();
+  EXPECT_TRUE(waitForFinishedFile(file, 10));
+  EXPECT_TRUE(says(held + "released\n")) << contentsOf(stage.desktop.scratch() / "logind");
 }
 
 }  // namespace

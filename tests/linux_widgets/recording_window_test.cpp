@@ -1,9 +1,10 @@
 // The recording section's form on a window: what is seen and done there.
 #include <gtest/gtest.h>
 
+#include <QAccessible>
 #include <QDir>
 #include <QLineEdit>
-#include <QProgressBar>
+#include <QPaintEvent>
 #include <QPushButton>
 #include <QTest>
 
@@ -11,6 +12,7 @@
 #include "forms/recording_form.h"
 #include "platform/linux/widgets/form_window.h"
 #include "platform/linux/widgets/glass_colour.h"
+#include "platform/linux/widgets/meter_bar.h"
 #include "platform/linux/widgets/qt_window_host.h"
 #include "shown_form.h"
 
@@ -108,7 +110,7 @@ TEST_F(RecordingForm, ALimitIsTypedIntoItsBoxAndStandsOnItsColour) {
 }
 
 TEST_F(RecordingForm, TheMeterLightsUpToThePeakInTheColoursOfTheIndicator) {
-  auto* meter = findNamed<QProgressBar>(*window, "Peak level");
+  auto* meter = findNamed<MeterBar>(*window, "Peak level");
   ASSERT_NE(meter, nullptr);
   form.ProgressBar1.setValue(80);
   QCoreApplication::processEvents();
@@ -122,6 +124,58 @@ TEST_F(RecordingForm, TheMeterLightsUpToThePeakInTheColoursOfTheIndicator) {
   EXPECT_TRUE(lit(0.7, QColor(255, 128, 0)));
   EXPECT_FALSE(lit(0.0, QColor(255, 0, 0)));
   EXPECT_FALSE(lit(0.82, QColor(255, 128, 0)));
+}
+
+/// What of a widget is painted anew.
+class PaintWatch : public QObject {
+ public:
+  explicit PaintWatch(QWidget& widget) { widget.installEventFilter(this); }
+  std::vector<QRect> areas;
+
+ private:
+  bool eventFilter(QObject*, QEvent* event) override {
+    if (event->type() == QEvent::Paint) areas.push_back(static_cast<QPaintEvent*>(event)->rect());
+    return false;
+  }
+};
+
+TEST_F(RecordingForm, TheMeterPaintsOnlyTheLightsThatChange) {
+  auto* meter = findNamed<MeterBar>(*window, "Peak level");
+  ASSERT_NE(meter, nullptr);
+  const auto show = [this](float percent) {
+    form.ProgressBar1.setValue(percent);
+    QCoreApplication::processEvents();
+  };
+  show(50);  // 33 of its 65 lights
+  PaintWatch painted(*meter);
+  show(50.5F);
+  EXPECT_TRUE(painted.areas.empty());
+  show(53);
+  ASSERT_EQ(painted.areas.size(), 1U);
+  EXPECT_EQ(painted.areas.front(), QRect(198, 0, 12, meter->height()));
+  for (const float percent : {80.0F, 20.0F, 100.0F, 0.0F, 3.0F, 66.0F}) show(percent);
+  const auto plain = [](const QPixmap& picture) {
+    return picture.toImage().convertToFormat(QImage::Format_RGB32);
+  };
+  const QImage seen = plain(window->screen()->grabWindow(window->winId()));
+  EXPECT_EQ(seen, plain(window->grab()));
+  // Between the lights lies the same glass as beside them.
+  const QRect place(meter->mapTo(window, QPoint(0, 0)), meter->size());
+  for (int y = place.top(); y <= place.bottom(); ++y)
+    for (const int gap : {4, 5, 382, 383})
+      EXPECT_EQ(seen.pixel(place.left() + gap, y), seen.pixel(place.left() - 1, y));
+}
+
+TEST_F(RecordingForm, TheMeterTellsAScreenReaderItsPercent) {
+  form.ProgressBar1.setValue(65.6F);
+  QAccessibleInterface* told =
+      QAccessible::queryAccessibleInterface(findNamed<MeterBar>(*window, "Peak level"));
+  ASSERT_NE(told, nullptr);
+  EXPECT_EQ(told->role(), QAccessible::ProgressBar);
+  EXPECT_EQ(told->text(QAccessible::Name), "Peak level");
+  ASSERT_NE(told->valueInterface(), nullptr);
+  EXPECT_EQ(told->valueInterface()->currentValue().toInt(), 66);
+  EXPECT_EQ(told->valueInterface()->maximumValue().toInt(), 100);
 }
 
 TEST_F(RecordingForm, CalibrationAndSizeTakeTurnsInOnePlace) {

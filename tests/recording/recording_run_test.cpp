@@ -68,8 +68,22 @@ TEST_F(RecordingTest, AnExistingFileIsAskedForAndDeletedOnYes) {
   EXPECT_EQ(asked(),
             "dialogs.save Select Filename to record to | "
             "dialogs.message File already exists. Overwrite file? | files.delete C:\\rec\\a.wav");
+  // Looked at first: what cannot be had is not deleted.
+  EXPECT_EQ(written(), "output.reopen C:\\rec\\a.wav | output.close");
   EXPECT_EQ(machine.dialogs.lastMessage().buttons, platform::MessageButtons::YesNo);
   EXPECT_EQ(form().chosenFile.text(), "C:\\rec\\a.wav");
+}
+
+TEST_F(RecordingTest, AFileThatWasStoppedTooEarlyCanBeChosenAgain) {
+  record();
+  machine.advance(1s);
+  playing.stop();
+  machine.dialogs.chooseFile("C:\\rec\\a.wav");
+  machine.dialogs.answer(Answer::Yes);
+  form().Label2[0].userClick();
+  EXPECT_EQ(form().notice.caption(), "");
+  form().Label2[2].userClick();
+  EXPECT_TRUE(section.recording());
 }
 
 TEST_F(RecordingTest, ARefusedOverwriteCountsAsCancelled) {
@@ -202,6 +216,20 @@ TEST_F(RecordingTest, ExitDuringTheFadeFinishesTheFileAndTheMusicFadesOn) {
   EXPECT_EQ(asked(), "player.fade | player.stop");
   EXPECT_EQ(count(written(), "output.close"), "1");
   EXPECT_FALSE(form().form.visible());
+}
+
+TEST_F(RecordingTest, ANewStartAfterAnExitDuringTheFadeIsNotEndedByThatFade) {
+  record();
+  machine.advance(3s);
+  form().Label2[3].userClick();
+  machine.advance(1s);
+  form().Label1.userClick();
+  section.open();
+  machine.dialogs.chooseFile("C:\\rec\\b.wav");
+  form().Label2[2].userClick();
+  machine.advance(10s);
+  EXPECT_TRUE(section.recording());
+  EXPECT_GT(machine.output.bytes("C:\\rec\\b.wav").size(), 4 * 352800U);
 }
 
 TEST_F(RecordingTest, ANewStartDuringTheFadeFinishesTheFileAndRecordsIntoTheNext) {

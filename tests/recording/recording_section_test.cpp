@@ -31,6 +31,13 @@ TEST_F(CorrectionTest, SwitchedOffItIsIdle) {
   EXPECT_EQ(playing.level, -500);
 }
 
+TEST_F(CorrectionTest, ItsStatusIsThereTheMomentTheWindowIs) {
+  storeAdjust("False");
+  section.open();
+  EXPECT_EQ(caption(), "Volume adjust");
+  EXPECT_EQ(playing.level, -500);
+}
+
 TEST_F(CorrectionTest, ALoudSongIsLoweredAndAQuietOneRaised) {
   stepAt(26000);
   EXPECT_EQ(caption(), "Volume adjust <");

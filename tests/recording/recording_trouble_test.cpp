@@ -75,6 +75,8 @@ TEST_F(RecordingTest, AFileThatAnotherProgramHoldsIsSaidSoAtTheStart) {
   form().Label2[2].userClick();
   EXPECT_FALSE(section.recording());
   EXPECT_NE(form().notice.caption().find("held by another program"), std::string::npos);
+  EXPECT_EQ(asked().find("files.delete"), std::string::npos);
+  EXPECT_EQ(form().chosenFile.text(), "");
 }
 
 TEST_F(RecordingTest, WhileTheSoundIsAwayTheFileIsWholeAndWithTheSoundItGrowsOn) {

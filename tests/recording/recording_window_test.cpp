@@ -9,6 +9,7 @@ TEST_F(RecordingTest, NothingIsCapturedBeforeTheSectionIsNeeded) {
   section.placeBesideMainWindow();
   EXPECT_FALSE(section.adjustEnabled());
   EXPECT_FALSE(section.recording());
+  machine.advance(10s);
   EXPECT_EQ(machine.trace(), "");
 }
 

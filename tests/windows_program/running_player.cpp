@@ -135,10 +135,11 @@ bool RunningPlayer::shows(const std::wstring& words, int milliseconds) const {
   return within(milliseconds, [&] { return child(L"STATIC", words) != nullptr; });
 }
 
-bool RunningPlayer::saysSomethingLike(const std::wstring& beginning, int milliseconds) const {
+bool RunningPlayer::saysSomethingLike(HWND window, const std::wstring& beginning,
+                                      int milliseconds) const {
   return within(milliseconds, [&] {
     Sought sought{L"STATIC", {}, beginning};
-    EnumChildWindows(window_, &lookAtChild, reinterpret_cast<LPARAM>(&sought));
+    EnumChildWindows(window, &lookAtChild, reinterpret_cast<LPARAM>(&sought));
     return sought.found != nullptr;
   });
 }

@@ -48,7 +48,11 @@ class RunningPlayer {
   /// Whether a child shows these words within the time.
   bool shows(const std::wstring& words, int milliseconds = 10000) const;
   /// The same for what only begins with these words.
-  bool saysSomethingLike(const std::wstring& beginning, int milliseconds = 10000) const;
+  bool saysSomethingLike(const std::wstring& beginning, int milliseconds = 10000) const {
+    return saysSomethingLike(window_, beginning, milliseconds);
+  }
+  /// In a further window of the player.
+  bool saysSomethingLike(HWND window, const std::wstring& beginning, int milliseconds) const;
   /// The pop-up menu on the screen; nothing when there is none within the time.
   HWND menu(int milliseconds = 10000) const;
   bool menuGone(int milliseconds = 10000) const;

@@ -2,6 +2,7 @@
 
 #include <QCoreApplication>
 #include <QDBusMessage>
+#include <utility>
 
 #include "platform/linux/desktop/mpris_adaptors.h"
 
@@ -37,9 +38,9 @@ void MprisControls::takeName() {
 }
 
 void MprisControls::show(const platform::MediaStatus& status) {
-  const platform::MediaStatus before = status_;
-  status_ = status;
-  if (!player_) return;
+  platform::MediaStatus before = std::exchange(status_, status);
+  before.position = status.position;  // players ask for that one
+  if (!player_ || before == status) return;
   const QVariantMap changed = changedProperties(before, status);
   if (changed.isEmpty()) return;
   QDBusMessage signal =

@@ -5,6 +5,7 @@
 #include <QCheckBox>
 #include <QRadioButton>
 
+#include "platform/linux/widgets/bar_view.h"
 #include "platform/linux/widgets/drive_combo.h"
 #include "platform/linux/widgets/form_window.h"
 #include "platform/linux/widgets/lamp.h"
@@ -65,9 +66,33 @@ class Switch : public QAccessibleWidget {
   QAbstractButton& button_;
 };
 
+/// A bar that only shows how far it is filled.
+class Reading : public QAccessibleWidget, public QAccessibleValueInterface {
+ public:
+  explicit Reading(BarView& bar) : QAccessibleWidget(&bar, QAccessible::ProgressBar), bar_(bar) {}
+
+  void* interface_cast(QAccessible::InterfaceType kind) override {
+    if (kind == QAccessible::ValueInterface) return static_cast<QAccessibleValueInterface*>(this);
+    return QAccessibleWidget::interface_cast(kind);
+  }
+  QString text(QAccessible::Text kind) const override {
+    return kind == QAccessible::Value ? QString::number(bar_.value())
+                                      : QAccessibleWidget::text(kind);
+  }
+  QVariant currentValue() const override { return bar_.value(); }
+  QVariant minimumValue() const override { return 0; }
+  QVariant maximumValue() const override { return 100; }
+  QVariant minimumStepSize() const override { return 1; }
+  void setCurrentValue(const QVariant&) override {}
+
+ private:
+  BarView& bar_;
+};
+
 /// In the toolkit's words, and only for what is ours: the rest it knows itself.
 QAccessibleInterface* interfaceOf(const QString&, QObject* object) {
   if (auto* drives = dynamic_cast<DriveCombo*>(object)) return new DriveBox(*drives);
+  if (auto* bar = dynamic_cast<BarView*>(object)) return new Reading(*bar);
   if (auto* lamp = dynamic_cast<LampView*>(object))
     return new QAccessibleWidget(lamp, QAccessible::StaticText);
   if (auto* box = qobject_cast<QCheckBox*>(object)) return new Switch(*box, QAccessible::CheckBox);

@@ -1,7 +1,6 @@
 #include "platform/linux/widgets/level_bar.h"
 
 #include <QPainter>
-#include <algorithm>
 #include <cmath>
 
 #include "platform/linux/widgets/control_binding.h"
@@ -10,9 +9,7 @@
 namespace nerolith::widgets {
 
 LevelBar::LevelBar(controls::ProgressBar& bar, controls::Look look, QWidget* parent)
-    : QProgressBar(parent), bar_(bar), level_(look != controls::Look::Progress) {
-  setRange(0, 100);
-  setTextVisible(false);
+    : BarView(bar, parent), level_(look != controls::Look::Progress) {
   setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
   new ControlBinding(*this, bar, [this] { refresh(); });
 }
@@ -24,10 +21,8 @@ void LevelBar::refresh() {
   if (lit != lit_ || amber != amber_) update();
   lit_ = lit;
   amber_ = amber;
-  setValue(static_cast<int>(std::lround(100 * share())));
+  tellValue();
 }
-
-qreal LevelBar::share() const { return std::clamp<qreal>(bar_.value(), 0, 100) / 100; }
 
 void LevelBar::paintEvent(QPaintEvent*) {
   QPainter painter(this);

@@ -1,16 +1,14 @@
 // A slim bar that fills from the left.
 #pragma once
 
-#include <QProgressBar>
-
 #include "controls/layout.h"
-#include "controls/progress_bar.h"
+#include "platform/linux/widgets/bar_view.h"
 
 namespace nerolith::widgets {
 
 /// The level of a deck is green while it is well filled, amber below the middle: a fade is seen at
 /// once. Work that goes on is green from its beginning.
-class LevelBar : public QProgressBar {
+class LevelBar : public BarView {
  public:
   LevelBar(controls::ProgressBar& bar, controls::Look look, QWidget* parent);
   QSize sizeHint() const override { return {88, 5}; }
@@ -21,11 +19,8 @@ class LevelBar : public QProgressBar {
 
  private:
   void refresh();
-  /// How much of it is filled, 0..1.
-  qreal share() const;
   bool low() const { return level_ && share() < 0.5; }
 
-  controls::ProgressBar& bar_;
   bool level_;
   // As it is on the screen: device pixels filled, and in which colour.
   int lit_ = -1;

@@ -1,5 +1,6 @@
 #include "platform/linux/widgets/meter_bar.h"
 
+#include <QPaintEvent>
 #include <QPainter>
 #include <algorithm>
 #include <cmath>
@@ -17,9 +18,9 @@ constexpr int kUnlitAlpha = 44;
 
 }  // namespace
 
-MeterBar::MeterBar(controls::ProgressBar& bar, QWidget* parent) : QProgressBar(parent), bar_(bar) {
-  setRange(0, 100);
-  setTextVisible(false);
+MeterBar::MeterBar(controls::ProgressBar& bar, QWidget* parent)
+    : BarView(bar, parent), panel_(dynamic_cast<Panel*>(parent)) {
+  if (panel_) panel_->installEventFilter(this);
   setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
   new ControlBinding(*this, bar, [this] { refresh(); });
 }
@@ -27,24 +28,41 @@ MeterBar::MeterBar(controls::ProgressBar& bar, QWidget* parent) : QProgressBar(p
 int MeterBar::lights() const { return std::max(1, (width() + kPitch - kLight) / kPitch); }
 
 /// Any sound at all lights the first one.
-int MeterBar::litLights() const {
-  const double share = std::clamp<double>(bar_.value(), 0, 100) / 100;
-  return static_cast<int>(std::ceil(share * lights()));
-}
+int MeterBar::litLights() const { return static_cast<int>(std::ceil(share() * lights())); }
 
+/// Music moves the meter ten times a second, by a few lights only.
 void MeterBar::refresh() {
-  if (litLights() != shown_) update();
-  setValue(static_cast<int>(std::lround(std::clamp(bar_.value(), 0.0F, 100.0F))));
+  const int lit = litLights();
+  const auto [from, to] = std::minmax({shown_, lit});
+  shown_ = lit;
+  if (from < to) update(from * kPitch, 0, (to - from) * kPitch, height());
+  tellValue();
 }
 
-void MeterBar::paintEvent(QPaintEvent*) {
+void MeterBar::settle() {
+  shown_ = litLights();
+  setAttribute(Qt::WA_OpaquePaintEvent, panel_ && panel_->isPlainAt(geometry()));
+  update();
+}
+
+bool MeterBar::eventFilter(QObject*, QEvent* event) {
+  if (event->type() == QEvent::Resize) settle();  // the ground is another one
+  return false;
+}
+
+void MeterBar::paintEvent(QPaintEvent* event) {
   QPainter painter(this);
+  if (testAttribute(Qt::WA_OpaquePaintEvent)) {
+    painter.translate(-pos());
+    panel_->paintPlain(painter, event->rect().translated(pos()));
+    painter.translate(pos());
+  }
   painter.setRenderHint(QPainter::Antialiasing);
   painter.setPen(Qt::NoPen);
-  shown_ = litLights();
   const int count = lights();
-  for (int i = 0; i < count; ++i) {
-    QColor colour = toQColor(bar_.colourAt(100.0F * static_cast<float>(i) / count));
+  const int last = std::min(event->rect().right() / kPitch, count - 1);
+  for (int i = event->rect().left() / kPitch; i <= last; ++i) {
+    QColor colour = toQColor(bar().colourAt(100.0F * static_cast<float>(i) / count));
     if (i >= shown_) colour.setAlpha(kUnlitAlpha);
     painter.setBrush(colour);
     painter.drawRoundedRect(QRectF(i * kPitch, 0, kLight, height()), 1, 1);

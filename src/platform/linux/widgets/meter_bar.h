@@ -1,14 +1,14 @@
 // The meter of the recording level.
 #pragma once
 
-#include <QProgressBar>
-
-#include "controls/progress_bar.h"
+#include "platform/linux/widgets/bar_view.h"
+#include "platform/linux/widgets/panel.h"
 
 namespace nerolith::widgets {
 
-/// A row of small lights, each in the colour of its place on the bar.
-class MeterBar : public QProgressBar {
+/// A row of small lights, each in the colour of its place on the bar. Within a panel it paints the
+/// panel's ground, too: so with each light that changes the window need not be painted behind it.
+class MeterBar : public BarView {
  public:
   MeterBar(controls::ProgressBar& bar, QWidget* parent);
   QSize sizeHint() const override { return {200, 18}; }
@@ -16,14 +16,18 @@ class MeterBar : public QProgressBar {
 
  protected:
   void paintEvent(QPaintEvent* event) override;
+  void moveEvent(QMoveEvent*) override { settle(); }
+  void resizeEvent(QResizeEvent*) override { settle(); }
+  bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
   void refresh();
+  void settle();
   int lights() const;
   int litLights() const;
 
-  controls::ProgressBar& bar_;
-  int shown_ = -1;  // lights that are lit on the screen
+  Panel* panel_;
+  int shown_ = 0;  // lights that are lit on the screen
 };
 
 }  // namespace nerolith::widgets

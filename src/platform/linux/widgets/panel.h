@@ -12,10 +12,18 @@ class Panel : public QWidget {
  public:
   Panel(controls::Look look, QWidget* parent) : QWidget(parent), look_(look) {}
 
+  /// Whether this piece of it shows nothing but what `paintPlain` paints.
+  bool isPlainAt(const QRect& area) const;
+  void paintPlain(QPainter& painter, const QRect& area) const;
+
  protected:
   void paintEvent(QPaintEvent* event) override;
 
  private:
+  bool recessed() const { return look_ == controls::Look::Glass || look_ == controls::Look::Well; }
+  QColor top() const;
+  QColor bottom() const;
+
   controls::Look look_;
 };
 

@@ -29,6 +29,11 @@ Extent MeterBar::extent() const {
   return {theme().px(200), theme().px(18), theme().px(60), theme().px(12), true, false};
 }
 
+int MeterBar::lightsOf(int width) const {
+  const double pitch = theme().exact(kPitch);
+  return std::max(1, static_cast<int>((width + pitch - theme().exact(kLight)) / pitch));
+}
+
 /// Any sound at all lights the first one.
 int MeterBar::litOf(int lights) const {
   return static_cast<int>(std::ceil(std::clamp(double{bar_.value()}, 0.0, 100.0) / 100 * lights));
@@ -37,14 +42,16 @@ int MeterBar::litOf(int lights) const {
 void MeterBar::refresh() {
   const auto percent = static_cast<WPARAM>(std::lround(std::clamp(bar_.value(), 0.0F, 100.0F)));
   SendMessageW(handle(), PBM_SETPOS, percent, 0);
-  repaint();
+  RECT area{};
+  GetClientRect(handle(), &area);
+  if (litOf(lightsOf(area.right)) != shown_) repaint();
 }
 
 void MeterBar::paint(Canvas& canvas) {
   const double pitch = theme().exact(kPitch);
   const double light = theme().exact(kLight);
-  const int count = std::max(1, static_cast<int>((canvas.width() + pitch - light) / pitch));
-  const int lit = litOf(count);
+  const int count = lightsOf(canvas.width());
+  const int lit = shown_ = litOf(count);
   for (int i = 0; i < count; ++i) {
     const Ink colour =
         inkOf(bar_.colourAt(100.0F * static_cast<float>(i) / static_cast<float>(count)));

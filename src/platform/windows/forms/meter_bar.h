@@ -17,9 +17,11 @@ class MeterBar : public ControlView {
   void paint(Canvas& canvas) override;
 
  private:
+  int lightsOf(int width) const;
   int litOf(int lights) const;
 
   controls::ProgressBar& bar_;
+  int shown_ = -1;  // lights that are lit on the screen
 };
 
 }  // namespace nerolith::windows_forms
