@@ -39,9 +39,9 @@ struct Window {
   }
   platform::Machine doors() {
     platform::Machine mixed = simulated.doors();
-    return {mixed.graphs,  files,        mixed.settings, mixed.dialogs, mixed.pictures,
-            mixed.clock,   mixed.events, windows,        bytes,         encoding,
-            mixed.capture, mixed.tone,   mixed.output,   mixed.media,   mixed.power};
+    return {mixed.graphs, files,       mixed.settings, mixed.dialogs, mixed.pictures, mixed.clock,
+            mixed.events, windows,     bytes,          encoding,      mixed.capture,  mixed.tone,
+            mixed.output, mixed.media, mixed.power,    mixed.icon};
   }
   void paint() {
     QApplication::processEvents();

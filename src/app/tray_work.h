@@ -17,7 +17,7 @@ namespace nerolith::app {
 /// Hosts Form3, hidden, while it lives. The icon is added once the program is idle: on the way to
 /// the desktop's area there may be processes that have to be started first, and the window comes up
 /// meanwhile. It counts as present only while something shows it.
-class TrayWork : public NotificationIcon {
+class TrayWork final : public NotificationIcon {
  public:
   /// Player and settings window need not be made yet.
   TrayWork(const platform::Machine& machine, forms::MainForm& mainForm, player::Player& player,

@@ -104,7 +104,7 @@ std::string tidyPath(std::string_view path, std::string_view current) {
   if (isSeparator(path[0])) return joined(std::string(current.substr(0, root)), path);
   // "D:song.mp3" lies in the current folder only where that is on D:; else on the drive's root.
   if (startsWithDrive(path)) {
-    const std::string onRoot = tidyDrivePath(path);
+    std::string onRoot = tidyDrivePath(path);
     if (onRoot[0] != current[0]) return onRoot;
     path.remove_prefix(2);
   }
