@@ -83,7 +83,7 @@ def main(arguments):
             print("".join(f"    {line}\n" for line in said), end="")
         for index, value in enumerate((passed, failed, skipped)):
             total[index] += value
-        summary.append(f"  {group:<18} {passed} ok, {failed} broken, {skipped} left out")
+        summary.append(f"  {group:<26} {passed} ok, {failed} broken, {skipped} left out")
         summary += [f"    broken: {group}: {name}" for name in broken if name not in late]
         summary += [f"    passed only when run again alone: {group}: {name}" for name in late]
     print("\n".join(summary))

@@ -1,6 +1,7 @@
 #!/bin/sh
-# wine_test.sh PREFIX_DIR PROGRAM [ARGUMENT...]: runs one Windows program under Wine, in a private
-# prefix, and hands on its output and its exit code.
+# wine_test.sh PREFIX_DIR [PROGRAM [ARGUMENT...]]: runs one Windows program under Wine, in a private
+# prefix, and hands on its output and its exit code. Without a program it makes the prefix, where it
+# is not made yet.
 #
 # The output goes through a file: Wine's server outlives the program and would keep a pipe open, so
 # that whoever reads it waits for ever. A crash ends at once instead of showing a dialog.
@@ -22,12 +23,15 @@ export XDG_RUNTIME_DIR="${XDG_RUNTIME_DIR:-$prefix}"
     flock 9
     if [ ! -f "$prefix/ready" ]; then
         wine wineboot -i >"$prefix/wineboot.log" 2>&1 </dev/null 9>&- && touch "$prefix/ready"
+        timeout 30 wineserver -w 9>&- # writes the registry as it ends
     fi
 ) 9>"$prefix/lock"
 if [ ! -f "$prefix/ready" ]; then
     echo "wine_test.sh: Wine could not set up its prefix; see $prefix/wineboot.log" >&2
     exit 125
 fi
+
+[ $# -gt 0 ] || exit 0
 
 # Debian's Wine ends its server with the last program, and what starts at that moment is cut off: 4
 # of 500 starts, two at a time. For tests, one of which follows the other, the server is kept for a

@@ -36,8 +36,10 @@ void SectionWindow::tool(std::vector<std::string> words) const {
 
 bool SectionWindow::active() const {
   const ScratchFolder scratch;
-  return outputOf(desktop_.command({"xdotool", "getactivewindow", "getwindowname"}), scratch.path())
-             .find(kTitle) != std::string::npos;
+  Command ask = desktop_.command({"xdotool", "getactivewindow", "getwindowname"});
+  ask.log = scratch.path() / "answer";
+  // It fails while no window is active: the window that was is just going.
+  return runToEnd(ask) == 0 && contentsOf(ask.log).find(kTitle) != std::string::npos;
 }
 
 void SectionWindow::click(int x, int y) const {

@@ -1,5 +1,10 @@
-// The Windows program under Wine. All tests share one prefix, as setting one up takes ten seconds;
-// each finds the registry as it was when the prefix was new, and a Wine of its own.
+// The Windows program under Wine. The tests share two prefixes, as setting one up takes ten seconds
+// and two of them run at a time; each finds the registry as it was when its prefix was new, and a
+// Wine of its own.
+#include <fcntl.h>
+#include <sys/file.h>
+#include <unistd.h>
+
 #include <algorithm>
 #include <fstream>
 #include <sstream>
@@ -10,15 +15,33 @@
 namespace nerolith::endtoend {
 namespace {
 
-const std::filesystem::path kFolder = NEROLITH_WINE_FOLDER;  // made by scripts/wine_test.sh
-const std::filesystem::path kPrefix = kFolder / "prefix";
-const std::filesystem::path kRegistry = kPrefix / "user.reg";
+/// The first prefix that no other test is in, made by scripts/wine_test.sh. This test is in it
+/// until its process ends.
+std::filesystem::path takeFolder() {
+  for (const char* name : {"1", "2"}) {
+    const auto candidate = std::filesystem::path(NEROLITH_WINE_FOLDER) / name;
+    if (!std::filesystem::exists(candidate / "ready"))
+      throw std::runtime_error("Wine's folder is not set up: " + candidate.string());
+    const int file = open((candidate / "taken").c_str(), O_CREAT | O_RDWR | O_CLOEXEC, 0600);
+    if (file >= 0 && flock(file, LOCK_EX | LOCK_NB) == 0) return candidate;
+    if (file >= 0) close(file);
+  }
+  throw std::runtime_error("other tests are in both of Wine's folders");
+}
+
+const std::filesystem::path& folder() {
+  static const std::filesystem::path taken = takeFolder();
+  return taken;
+}
+
+std::filesystem::path registry() { return folder() / "prefix/user.reg"; }
+
 constexpr const char* kSettings = "Software\\\\VB and VBA Program Settings\\\\";
 
 // Wine's server, its services and the sound all belong to the desktop that is told here.
 Command wineCommand(const PrivateDesktop& desktop, std::vector<std::string> words) {
   Command command = desktop.command(std::move(words));
-  command.environment["WINEPREFIX"] = kPrefix;
+  command.environment["WINEPREFIX"] = folder() / "prefix";
   command.environment["WINEDEBUG"] = "-all";
   // A crash ends the program at once instead of showing a dialog.
   command.environment["WINEDLLOVERRIDES"] = "mscoree,mshtml=;winedbg.exe=d";
@@ -34,11 +57,9 @@ void endWine(const PrivateDesktop& desktop) {
 }
 
 void takeTheRegistryOfANewPrefix() {
-  if (!std::filesystem::exists(kFolder / "ready"))
-    throw std::runtime_error("Wine's folder is not set up: " + kFolder.string());
-  const auto unused = kFolder / "user.reg.new";
-  if (!std::filesystem::exists(unused)) std::filesystem::copy_file(kRegistry, unused);
-  std::filesystem::copy_file(unused, kRegistry, std::filesystem::copy_options::overwrite_existing);
+  const auto unused = folder() / "user.reg.new";
+  if (!std::filesystem::exists(unused)) std::filesystem::copy_file(registry(), unused);
+  std::filesystem::copy_file(unused, registry(), std::filesystem::copy_options::overwrite_existing);
 }
 
 // A text as Wine's registry file has it.
@@ -65,7 +86,7 @@ std::string plain(const std::string& stored) {
 void writeSettings(const PrivateDesktop& desktop, const StoredSettings& settings) {
   endWine(desktop);
   takeTheRegistryOfANewPrefix();
-  std::ofstream out(kRegistry, std::ios::app);
+  std::ofstream out(registry(), std::ios::app);
   const auto put = [&](const char* key, const auto& value) {
     std::ostringstream text;
     text << value;
@@ -96,7 +117,7 @@ std::string storedText(const PrivateDesktop& desktop, const std::string& group,
   std::string section = group;
   section.replace(section.find('/'), 1, "\\\\");
   const std::string head = "[" + std::string(kSettings) + section + "]";
-  std::ifstream in(kRegistry);
+  std::ifstream in(registry());
   bool inside = false;
   for (std::string line; std::getline(in, line);) {
     if (line.starts_with("[")) inside = line.starts_with(head);

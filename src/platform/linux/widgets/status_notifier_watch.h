@@ -22,7 +22,7 @@ class StatusNotifierWatch : public QObject {
  private slots:
   void ask();
 
- private:
+ private:  // NOLINT(readability-redundant-access-specifiers): not to the generator of slots
   void learn(bool hostPresent);
 
   std::function<void()> changed_;

@@ -86,7 +86,8 @@ void Canvas::blend(std::uint32_t& pixel, const Ink& ink, float coverage) {
   if (share <= 0.002F) return;
   const auto part = [share](std::uint32_t under, int over) {
     const auto below = static_cast<float>(under);
-    return static_cast<std::uint32_t>(below + (static_cast<float>(over) - below) * share + 0.5F);
+    const float aboveHalf = below + (static_cast<float>(over) - below) * share + 0.5F;
+    return static_cast<std::uint32_t>(aboveHalf);
   };
   pixel = part(pixel >> 16 & 0xFF, ink.red) << 16 | part(pixel >> 8 & 0xFF, ink.green) << 8 |
           part(pixel & 0xFF, ink.blue);

@@ -8,7 +8,7 @@ namespace nerolith::windows_forms {
 
 /// A drop-down list of the system, drawn dark. A press on the arrow drops it; a press on the words
 /// is the control's focus event (which opens the folders), every time.
-class DriveCombo : public ControlView {
+class DriveCombo final : public ControlView {
  public:
   DriveCombo(FormGround& ground, controls::DriveListBox& drives);
 

@@ -74,6 +74,7 @@ Extent FolderPopup::extent() const {
 void FolderPopup::refresh() {
   setSpokenName({});
   std::vector<std::string> now;
+  now.reserve(static_cast<std::size_t>(rows()));
   for (int row = 0; row < rows(); ++row) now.push_back(nameAt(static_cast<std::size_t>(row)));
   if (now != listed_) {
     listed_ = std::move(now);

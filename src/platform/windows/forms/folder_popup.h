@@ -9,7 +9,7 @@ namespace nerolith::windows_forms {
 /// A list box of the system, drawn dark: the way from the root to the current folder, each step
 /// further in, then the folders in it. Double click or Enter opens an entry, Escape closes the
 /// list, a click is the control's click.
-class FolderPopup : public ControlView {
+class FolderPopup final : public ControlView {
  public:
   FolderPopup(FormGround& ground, controls::DirListBox& folders);
 

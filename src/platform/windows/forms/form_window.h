@@ -18,7 +18,7 @@ namespace nerolith::windows_forms {
 /// keys before the focused control does, of the mouse moving over the window (except over the
 /// controls that an overlay belongs to), of activation and of closing. With an owner, it opens over
 /// the owner's middle and stays in front of it.
-class FormWindow : public Window, private FormGround {
+class FormWindow final : public Window, private FormGround {
  public:
   explicit FormWindow(controls::Form& form, HWND owner = nullptr);
   ~FormWindow() override;
