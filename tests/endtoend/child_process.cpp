@@ -2,6 +2,7 @@
 
 #include <fcntl.h>
 #include <signal.h>
+#include <sys/file.h>
 #include <sys/prctl.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -135,6 +136,14 @@ std::string contentsOf(const std::filesystem::path& file) {
   std::ostringstream text;
   text << stream.rdbuf();
   return text.str();
+}
+
+bool takeForThisProcess(const std::filesystem::path& file) {
+  const int opened = open(file.c_str(), O_CREAT | O_RDWR | O_CLOEXEC, 0600);
+  if (opened < 0) return false;
+  if (flock(opened, LOCK_EX | LOCK_NB) == 0) return true;
+  close(opened);
+  return false;
 }
 
 ScratchFolder::ScratchFolder() {

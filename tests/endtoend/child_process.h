@@ -61,6 +61,10 @@ std::string outputOf(Command command, const std::filesystem::path& scratch);
 
 std::string contentsOf(const std::filesystem::path& file);
 
+/// Makes the file where there is none and takes it until this process ends. False while another
+/// process has it. What this process starts does not keep it.
+bool takeForThisProcess(const std::filesystem::path& file);
+
 /// A folder under the system's temporary one, removed with everything in it; unless ENDTOEND_KEEP
 /// is set, for those who want to look at a recording.
 class ScratchFolder {

@@ -1,10 +1,6 @@
 // The Windows program under Wine. The tests share two prefixes, as setting one up takes ten seconds
 // and two of them run at a time; each finds the registry as it was when its prefix was new, and a
 // Wine of its own.
-#include <fcntl.h>
-#include <sys/file.h>
-#include <unistd.h>
-
 #include <algorithm>
 #include <fstream>
 #include <sstream>
@@ -22,9 +18,7 @@ std::filesystem::path takeFolder() {
     const auto candidate = std::filesystem::path(NEROLITH_WINE_FOLDER) / name;
     if (!std::filesystem::exists(candidate / "ready"))
       throw std::runtime_error("Wine's folder is not set up: " + candidate.string());
-    const int file = open((candidate / "taken").c_str(), O_CREAT | O_RDWR | O_CLOEXEC, 0600);
-    if (file >= 0 && flock(file, LOCK_EX | LOCK_NB) == 0) return candidate;
-    if (file >= 0) close(file);
+    if (takeForThisProcess(candidate / "taken")) return candidate;
   }
   throw std::runtime_error("other tests are in both of Wine's folders");
 }
