@@ -1,5 +1,6 @@
 // Measures the Windows program from a second process. Run by ./bench windows under Wine:
-//   program_bench start ROUNDS | list FOLDER COUNT | import FOLDER COUNT | leaks FOLDER STARTS
+//   program_bench start ROUNDS | list FOLDER COUNT | import FOLDER COUNT | leaks FOLDER STARTS |
+//                 playtime FOLDER FILES TIMES
 // Prints "name<TAB>value" lines.
 #include <windows.h>
 
@@ -13,7 +14,9 @@
 #include <string>
 #include <vector>
 
+#include "platform/windows/directshow_graphs.h"
 #include "platform/windows/handles.h"
+#include "platform/windows/wide_text.h"
 #include "windows_program/object_count.h"
 #include "windows_program/running_player.h"
 
@@ -170,6 +173,40 @@ void leaks(const std::wstring& folder, int starts) {
   say("handles a bare song", bareLeak(folder + L"a.wav", 100));
 }
 
+double playtimes(windows::DirectShowGraphs& graphs, const std::vector<std::string>& songs) {
+  const double began = now();
+  std::size_t done = 0;
+  for (const auto reader = graphs.readDurations(songs); done < songs.size();)
+    done += reader->take().size();
+  return now() - began;
+}
+
+/// Of the files 0.wav, 1.wav, ...: for the first time, and then of a list that has each of them so
+/// many times.
+void playtime(const std::wstring& folder, int files, int times) {
+  std::vector<std::string> songs;
+  for (int i = 0; i < files; ++i)
+    songs.push_back(windows::utf8Text(folder) + std::to_string(i) + ".wav");
+  windows::DirectShowGraphs graphs;
+  say("first ms", playtimes(graphs, songs));
+  songs.reserve(songs.size() * static_cast<std::size_t>(times));
+  for (int i = files; i < files * times; ++i)
+    songs.push_back(songs[static_cast<std::size_t>(i - files)]);
+  std::vector<double> taken;
+  for (int round = 0; round < 15; ++round) taken.push_back(playtimes(graphs, songs));
+  say("again median ms", median(taken));
+  say("again best ms", *std::min_element(taken.begin(), taken.end()));
+  taken.clear();
+  for (int round = 0; round < 15; ++round) {
+    const double began = now();
+    WIN32_FILE_ATTRIBUTE_DATA data;
+    for (const std::string& song : songs)
+      GetFileAttributesExW(windows::wideText(song).c_str(), GetFileExInfoStandard, &data);
+    taken.push_back(now() - began);
+  }
+  say("bare questions median ms", median(taken));
+}
+
 int measure(const std::vector<std::wstring>& words) {
   const auto number = [](const std::wstring& word) { return std::stoi(word); };
   if (words.at(0) == L"start")
@@ -180,6 +217,8 @@ int measure(const std::vector<std::wstring>& words) {
     importPlaylist(words.at(1), number(words.at(2)));
   else if (words.at(0) == L"leaks")
     leaks(words.at(1), number(words.at(2)));
+  else if (words.at(0) == L"playtime")
+    playtime(words.at(1), number(words.at(2)), number(words.at(3)));
   else
     throw std::runtime_error("no such figure");
   return 0;

@@ -1,13 +1,10 @@
 #include "base/work_ahead.h"
 
 #include <algorithm>
-#include <atomic>
 #include <cerrno>
 #include <condition_variable>
 #include <exception>
 #include <mutex>
-#include <system_error>
-#include <thread>
 #include <utility>
 
 #include "base/failure.h"
@@ -87,33 +84,23 @@ void WorkAhead::Row::close() {
   idle.wait_for(lock, kTimeToClose, [this] { return working == 0; });
 }
 
-WorkAhead::WorkAhead(RetiredThreads& retired, std::vector<std::string> paths, const Job& job,
-                     std::size_t threads, std::chrono::milliseconds standstill)
-    : retired_(retired),
-      row_(std::make_shared<Row>(std::move(paths))),
+WorkAhead::WorkAhead(SpareThreads& threads, std::vector<std::string> paths, const Job& job,
+                     std::size_t most, std::chrono::milliseconds standstill)
+    : row_(std::make_shared<Row>(std::move(paths))),
       limits_{standstill, std::chrono::hours(24 * 365)},
       patience_(limits_, Patience::Clock::now()) {
-  startThreads(std::min(threads, row_->paths.size()), job);
-}
-
-WorkAhead::~WorkAhead() { row_->close(); }
-
-// Handed over as soon as they begin: there is nothing to be done for them later.
-void WorkAhead::startThreads(std::size_t count, const Job& job) {
+  const std::size_t count = std::min(most, row_->paths.size());
   for (std::size_t i = 0; i < count; ++i) {
-    const auto ended = std::make_shared<std::atomic<bool>>(false);
     try {
-      std::thread thread([row = row_, job, ended] {
-        row->serve(job);
-        ended->store(true, std::memory_order_release);
-      });
-      retired_.retire(std::move(thread), ended);
-    } catch (const std::system_error& error) {
+      threads.run([row = row_, job] { row->serve(job); });
+    } catch (const Failure&) {
       if (i > 0) return;  // the others do its work
-      throw Failure("The system has no thread to spare.", error.code().value());
+      throw;
     }
   }
 }
+
+WorkAhead::~WorkAhead() { row_->close(); }
 
 std::vector<double> WorkAhead::take(std::chrono::milliseconds moment) {
   std::unique_lock lock(row_->mutex);

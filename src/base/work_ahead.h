@@ -10,24 +10,23 @@
 
 #include "base/job_watch.h"
 #include "base/patience.h"
-#include "base/retired_threads.h"
+#include "base/spare_threads.h"
 
 namespace nerolith::base {
 
 /// The threads begin at once and take the files in order; none begins a file behind one that
 /// failed. At its end, files that are being read get a quarter of a second to be closed (somebody
 /// may be about to delete them); nobody waits longer for a thread that hangs in a dead network
-/// share: all of them belong to the retired ones. Made, asked and destroyed on one thread;
-/// `retired` outlives it.
+/// share. Made, asked and destroyed on one thread; the spare threads outlive it.
 class WorkAhead {
  public:
   /// Run on several threads at a time, each time for another path; owns all that it touches, or
   /// shares it. It tells its progress to the watch and ends soon when that says so.
   using Job = std::function<double(const std::string& path, JobWatch& watch)>;
 
-  /// At most `threads` threads. Fails (`Failure`) if the system has none to spare.
-  WorkAhead(RetiredThreads& retired, std::vector<std::string> paths, const Job& job,
-            std::size_t threads, std::chrono::milliseconds standstill = std::chrono::seconds(5));
+  /// On at most `most` of the threads. Fails (`Failure`) if the system has none to spare.
+  WorkAhead(SpareThreads& threads, std::vector<std::string> paths, const Job& job, std::size_t most,
+            std::chrono::milliseconds standstill = std::chrono::seconds(5));
   ~WorkAhead();
   WorkAhead(const WorkAhead&) = delete;
   WorkAhead& operator=(const WorkAhead&) = delete;
@@ -40,10 +39,8 @@ class WorkAhead {
  private:
   struct Row;
 
-  void startThreads(std::size_t count, const Job& job);
   void giveUpOnADeadOne();
 
-  RetiredThreads& retired_;
   std::shared_ptr<Row> row_;
   Patience::Limits limits_;
   Patience patience_;  // for the next in order

@@ -12,8 +12,9 @@
 namespace nerolith::library {
 
 /// While Random is chosen, a function key selects every entry whose file name begins with the
-/// key's text, ignoring case, instead of what was selected before; with Shift, in addition to it. A
-/// key with an empty text does nothing, nor does one with Alt or Control, which are the system's.
+/// key's text, ignoring case, instead of what was selected before; with Shift, in addition to it
+/// (Shift with F10 is the system's other menu key, and never gets here). A key with an empty text
+/// does nothing, nor does one with Alt or Control, which are the system's.
 class FastKeys {
  public:
   /// `separator` stands between the folders of a path, '\\' or '/'.

@@ -17,10 +17,10 @@ class DurationsAhead : public DurationReader {
   /// How long the window is left alone: a fiftieth of a second is not noticed.
   static constexpr std::chrono::milliseconds kMoment{20};
 
-  DurationsAhead(base::RetiredThreads& retired, std::vector<std::string> paths,
-                 const base::WorkAhead::Job& measure, std::size_t threads,
+  DurationsAhead(base::SpareThreads& threads, std::vector<std::string> paths,
+                 const base::WorkAhead::Job& measure, std::size_t most,
                  std::chrono::milliseconds standstill = std::chrono::seconds(5))
-      : work_(retired, std::move(paths), measure, threads, standstill) {}
+      : work_(threads, std::move(paths), measure, most, standstill) {}
 
   std::vector<double> take() override { return work_.take(kMoment); }
 

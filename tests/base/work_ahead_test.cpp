@@ -7,6 +7,7 @@
 #include <future>
 #include <mutex>
 #include <set>
+#include <thread>
 
 #include "base/failure.h"
 
@@ -48,13 +49,13 @@ struct Gate {
 };
 
 struct WorkAheadTest : testing::Test {
-  RetiredThreads retired;
+  SpareThreads threads;
   Gate gate;
 };
 
 TEST_F(WorkAheadTest, HandsOutTheNumbersInOrder) {
   auto job = [](const std::string& path, JobWatch&) { return std::stod(path); };
-  WorkAhead work(retired, numbers(5000), job, 4);
+  WorkAhead work(threads, numbers(5000), job, 4);
   const std::vector<double> all = takeAll(work, 5000);
   for (int i = 0; i < 5000; ++i) ASSERT_EQ(all[static_cast<std::size_t>(i)], i);
   EXPECT_TRUE(work.take(kLong).empty());
@@ -65,7 +66,7 @@ TEST_F(WorkAheadTest, HandsOutOnlyWhatNothingIsMissingBefore) {
     if (path == "2") opened.wait();
     return std::stod(path);
   };
-  WorkAhead work(retired, numbers(6), job, 2);
+  WorkAhead work(threads, numbers(6), job, 2);
   std::vector<double> first;
   while (first.size() < 2)
     for (const double number : work.take(1ms)) first.push_back(number);
@@ -82,7 +83,7 @@ TEST_F(WorkAheadTest, AFailureComesInItsTurnAndNothingBehindItIsBegun) {
     if (path == "3") throw Failure("no sound", 7);
     return std::stod(path);
   };
-  WorkAhead work(retired, numbers(100000), job, 1);
+  WorkAhead work(threads, numbers(100000), job, 1);
   EXPECT_EQ(takeAll(work, 3), (std::vector<double>{0, 1, 2}));
   for (int again = 0; again < 2; ++again) {
     try {
@@ -98,7 +99,7 @@ TEST_F(WorkAheadTest, AFailureComesInItsTurnAndNothingBehindItIsBegun) {
 
 TEST_F(WorkAheadTest, WhateverAJobThrowsIsAFailureThatNamesTheFile) {
   auto job = [](const std::string&, JobWatch&) -> double { throw std::bad_alloc(); };
-  WorkAhead work(retired, {"/music/a.mp3"}, job, 1);
+  WorkAhead work(threads, {"/music/a.mp3"}, job, 1);
   try {
     work.take(kLong);
     FAIL() << "no failure";
@@ -112,7 +113,7 @@ TEST_F(WorkAheadTest, AFileThatDoesNotAnswerFails) {
     opened.wait();
     return 1.0;
   };
-  WorkAhead work(retired, {"/dead/a.mp3"}, job, 1, 60ms);
+  WorkAhead work(threads, {"/dead/a.mp3"}, job, 1, 60ms);
   const auto began = Clock::now();
   try {
     while (Clock::now() < began + kLong) EXPECT_TRUE(work.take(5ms).empty());
@@ -131,7 +132,7 @@ TEST_F(WorkAheadTest, AFileThatIsReadSlowlyIsWaitedFor) {
     opened.wait();
     return 1.0;
   };
-  WorkAhead work(retired, {"/slow/a.mp3"}, job, 1, 300ms);
+  WorkAhead work(threads, {"/slow/a.mp3"}, job, 1, 300ms);
   JobWatch* watch = begun->get_future().get();
   const auto until = Clock::now() + 900ms;
   while (Clock::now() < until) {
@@ -151,12 +152,12 @@ TEST_F(WorkAheadTest, ItsEndWaitsForNoStuckFileAndTellsTheJobs) {
     told->set_value(watch.abandoned);
     return 1.0;
   };
-  auto work = std::make_unique<WorkAhead>(retired, numbers(10), job, 1);
+  auto work = std::make_unique<WorkAhead>(threads, numbers(10), job, 1);
   begun->get_future().get();
   const auto began = Clock::now();
   work.reset();
   EXPECT_LT(Clock::now() - began, 1s);
-  EXPECT_EQ(retired.waiting(), 1U);
+  EXPECT_EQ(threads.atWork(), 1U);
   gate.unlock();
   auto answer = told->get_future();
   ASSERT_EQ(answer.wait_for(kLong), std::future_status::ready);
@@ -172,7 +173,7 @@ TEST_F(WorkAheadTest, ItsEndWaitsAMomentForFilesThatAreBeingRead) {
     closed = true;
     return 1.0;
   };
-  auto work = std::make_unique<WorkAhead>(retired, std::vector<std::string>{"a"}, job, 1);
+  auto work = std::make_unique<WorkAhead>(threads, std::vector<std::string>{"a"}, job, 1);
   begun->get_future().get();
   work.reset();
   EXPECT_TRUE(closed);
@@ -180,27 +181,27 @@ TEST_F(WorkAheadTest, ItsEndWaitsAMomentForFilesThatAreBeingRead) {
 
 TEST_F(WorkAheadTest, UsesSeveralThreads) {
   std::mutex mutex;
-  std::set<std::thread::id> threads;
+  std::set<std::thread::id> seen;
   auto job = [&](const std::string&, JobWatch&) {
     std::unique_lock lock(mutex);
-    threads.insert(std::this_thread::get_id());
+    seen.insert(std::this_thread::get_id());
     lock.unlock();
     for (int i = 0; i < 10000; ++i) {
       std::this_thread::sleep_for(1ms);
       lock.lock();
-      if (threads.size() == 3) break;
+      if (seen.size() == 3) break;
       lock.unlock();
     }
     return 1.0;
   };
-  WorkAhead work(retired, numbers(3), job, 8);
+  WorkAhead work(threads, numbers(3), job, 8);
   EXPECT_EQ(takeAll(work, 3).size(), 3U);
-  EXPECT_EQ(threads.size(), 3U) << "one for each file is enough";
+  EXPECT_EQ(seen.size(), 3U) << "one for each file is enough";
 }
 
 TEST_F(WorkAheadTest, NothingToDoIsDone) {
   WorkAhead work(
-      retired, {}, [](const std::string&, JobWatch&) { return 1.0; }, 2);
+      threads, {}, [](const std::string&, JobWatch&) { return 1.0; }, 2);
   EXPECT_TRUE(work.take(kLong).empty());
 }
 

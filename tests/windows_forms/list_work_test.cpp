@@ -17,6 +17,7 @@
 #include "platform/windows/forms/win32_window_host.h"
 #include "platform/windows/windows_dialogs.h"
 #include "platform/windows/windows_file_system.h"
+#include "windows_forms/held_key.h"
 #include "windows_forms/window_picture.h"
 #include "windows_system/dialog_user.h"
 #include "windows_system/scratch_folder.h"
@@ -304,15 +305,24 @@ TEST_F(PlayerOnScreen, YesDeletesReadOnlyFilesTooAtTheCloseAndNotBefore) {
   EXPECT_TRUE(exists("blue.mp3"));
 }
 
-TEST_F(PlayerOnScreen, AFunctionKeySelectsInRandom) {
+TEST_F(PlayerOnScreen, AFunctionKeySelectsInRandomAndShiftAdds) {
   form().Option3.setValue(true);
   program->settingsForm().Text6.setText("b");
   program->settingsForm().Text7.setText("D");
+  program->settingsForm().Text15.setText("e");
   form().List1.deselectAll();
   key(VK_F1);
   EXPECT_EQ(selected(), "b");
+  {
+    const HeldKey shift(VK_SHIFT);
+    key(VK_F2);
+  }
+  EXPECT_EQ(selected(), "bd");
   key(VK_F2);
   EXPECT_EQ(selected(), "d");
+  PostMessageW(list(), WM_SYSKEYDOWN, VK_F10, 1);  // with or without Alt it comes as a system's key
+  events.runWaitingEvents();
+  EXPECT_EQ(selected(), "e");
 }
 
 }  // namespace

@@ -3,6 +3,8 @@
 #include <commctrl.h>
 #include <gtest/gtest.h>
 
+#include <vector>
+
 #include "windows_program/running_player.h"
 #include "windows_system/scratch_folder.h"
 #include "windows_system/tone_file.h"
@@ -29,6 +31,21 @@ struct MainWindow : testing::Test {
   }
   bool lit(const RunningPlayer& player, const wchar_t* lamp) const {
     return within(10000, [&] { return isLit(player, lamp); });
+  }
+  /// Presses the keys one after another and lets go of them in the reverse order.
+  static void type(const std::vector<WORD>& keys) {
+    std::vector<INPUT> events;
+    for (const WORD key : keys) events.push_back(stroke(key, 0));
+    for (auto key = keys.rbegin(); key != keys.rend(); ++key)
+      events.push_back(stroke(*key, KEYEVENTF_KEYUP));
+    SendInput(static_cast<UINT>(events.size()), events.data(), sizeof(INPUT));
+  }
+  static INPUT stroke(WORD key, DWORD flags) {
+    INPUT event{};
+    event.type = INPUT_KEYBOARD;
+    event.ki.wVk = key;
+    event.ki.dwFlags = flags;
+    return event;
   }
   bool timeRuns(const RunningPlayer& player) const { return player.shows(L"00:28"); }
 
@@ -79,6 +96,29 @@ TEST_F(MainWindow, AWordOfTheDisplayChangesTheModeAndItsLamp) {
   EXPECT_EQ(player.close(), 0u);
   EXPECT_EQ(settings.text(kModes, L"setting"), L"3");
   EXPECT_EQ(settings.text(kModes, L"lo"), L"True");
+}
+
+// By the keyboard itself, which writes to whatever window is in front: until it is this one.
+TEST_F(MainWindow, AFastKeySelectsAndWithShiftAdds) {
+  settings.put(L"Nerolith\\Setting", L"key0", L"o");
+  settings.put(L"Nerolith\\Setting", L"key1", L"T");
+  RunningPlayer player(here() + L",1");
+  ASSERT_TRUE(within(10000, [&] { return player.songs() == 3; }));
+  player.press(faceNamed(player, L"Random"));
+  ASSERT_TRUE(lit(player, L"Random"));
+  const auto typed = [&](std::vector<WORD> keys, int selected) {
+    return within(15000, [&] {
+      SetForegroundWindow(player.window());
+      type(keys);
+      return within(1000, [&] {
+        return SendMessageW(player.list(), LVM_GETSELECTEDCOUNT, 0, 0) == selected;
+      });
+    });
+  };
+  EXPECT_TRUE(typed({VK_F1}, 1));
+  EXPECT_TRUE(typed({VK_SHIFT, VK_F2}, 3));
+  EXPECT_TRUE(typed({VK_F2}, 2));
+  EXPECT_EQ(player.close(), 0u);
 }
 
 TEST_F(MainWindow, TheMenuComesUpAndGoes) {

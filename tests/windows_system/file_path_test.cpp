@@ -57,6 +57,8 @@ TEST(FilePath, OnlyWhatTheSystemWouldMisreadIsTakenLiterally) {
   EXPECT_EQ(systemPath("C:\\blank "), L"\\\\?\\C:\\blank ");
   EXPECT_EQ(systemPath("C:\\" + std::string(260, 'x')), LR"(\\?\C:\)" + std::wstring(260, L'x'));
   EXPECT_EQ(systemPath(R"(\\s\h\aux)"), LR"(\\?\UNC\s\h\aux)");
+  EXPECT_EQ(literalPath(R"(C:\Music\a.mp3)"), LR"(\\?\C:\Music\a.mp3)");
+  EXPECT_EQ(literalPath(R"(\\s\h\a.mp3)"), LR"(\\?\UNC\s\h\a.mp3)");
 }
 
 }  // namespace

@@ -22,7 +22,7 @@ std::int64_t wide(DWORD high, DWORD low) {
 
 std::optional<base::FileStamp> stampOfFile(const std::string& path) {
   WIN32_FILE_ATTRIBUTE_DATA data;
-  if (!GetFileAttributesExW(systemPath(tidyPath(path, {})).c_str(), GetFileExInfoStandard, &data))
+  if (!GetFileAttributesExW(literalPath(tidyPath(path, {})).c_str(), GetFileExInfoStandard, &data))
     return std::nullopt;
   return base::FileStamp{
       wide(data.nFileSizeHigh, data.nFileSizeLow),
@@ -53,7 +53,7 @@ std::unique_ptr<platform::DurationReader> DirectShowGraphs::readDurations(
     if (stamp && hasSettled(*stamp)) known->keep(path, *stamp, seconds);
     return seconds;
   };
-  return std::make_unique<platform::DurationsAhead>(retired_, std::move(paths), std::move(measure),
+  return std::make_unique<platform::DurationsAhead>(spare_, std::move(paths), std::move(measure),
                                                     1);
 }
 

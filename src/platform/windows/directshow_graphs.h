@@ -8,7 +8,7 @@
 
 #include "base/file_memory.h"
 #include "base/patient_caller.h"
-#include "base/retired_threads.h"
+#include "base/spare_threads.h"
 #include "platform/filter_graph.h"
 
 namespace nerolith::windows {
@@ -20,7 +20,8 @@ namespace nerolith::windows {
 /// files for the decks, and no graph leaves the thread that made it. Not by several: which
 /// filters come into a graph is up to what is installed, and not all are made to be built in two
 /// graphs at the same moment. The figure is DirectShow's own, so no file is parsed here; one that
-/// was measured and is unchanged (size, time) is not opened again.
+/// was measured and is unchanged (size, time) is not opened again. That is asked of the file
+/// itself: its folder may learn of a change only when the file is closed, or under its other name.
 class DirectShowGraphs : public platform::FilterGraphFactory {
  public:
   std::unique_ptr<platform::FilterGraph> createFilterGraph() override;
@@ -29,7 +30,7 @@ class DirectShowGraphs : public platform::FilterGraphFactory {
 
  private:
   // The making of a graph cannot be broken off, and the program must not end in the midst of it.
-  base::RetiredThreads retired_{std::chrono::seconds(3)};
+  base::SpareThreads spare_{std::chrono::seconds(3)};
   base::PatientCaller opener_;
   std::shared_ptr<base::FileMemory> known_ = std::make_shared<base::FileMemory>();
 };

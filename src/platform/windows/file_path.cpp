@@ -24,6 +24,7 @@ bool startsWithDrive(std::string_view path) {
 /// Appends the names in `rest` one by one to a path that ends with its root.
 std::string joined(std::string root, std::string_view rest) {
   const std::size_t rootSize = root.size();
+  root.reserve(rootSize + rest.size() + 1);
   while (!rest.empty()) {
     const auto end = std::find_if(rest.begin(), rest.end(), isSeparator);
     const std::string_view name = rest.substr(0, static_cast<std::size_t>(end - rest.begin()));
@@ -40,13 +41,13 @@ std::string joined(std::string root, std::string_view rest) {
 }
 
 /// "server\share\..." behind its two separators.
-std::string tidyShare(std::string_view path, const std::string& named) {
+std::string tidyShare(std::string_view path, std::string_view named) {
   std::string root = R"(\\)";
   for (int piece = 0; piece < 2; ++piece) {
     const auto end = std::find_if(path.begin(), path.end(), isSeparator);
     const std::string_view name = path.substr(0, static_cast<std::size_t>(end - path.begin()));
     if (name.empty() || name == "." || name == ".." || name == "?")
-      throwFailure(named, ERROR_BAD_PATHNAME);
+      throwFailure(std::string(named), ERROR_BAD_PATHNAME);
     root.append(name).append(1, '\\');
     path.remove_prefix(std::min(name.size() + 1, path.size()));
   }
@@ -64,6 +65,11 @@ bool isDeviceName(std::string_view name) {
   if (stem == "con" || stem == "prn" || stem == "aux" || stem == "nul") return true;
   return stem.size() == 4 && (stem.starts_with("com") || stem.starts_with("lpt")) &&
          std::isdigit(static_cast<unsigned char>(stem[3]));
+}
+
+std::wstring literal(const std::wstring& tidy) {
+  if (!tidy.starts_with(LR"(\\)")) return LR"(\\?\)" + tidy;
+  return LR"(\\?\UNC)" + tidy.substr(1);
 }
 
 bool isMisread(std::string_view tidy) {
@@ -87,20 +93,20 @@ std::size_t rootLength(std::string_view path) {
 }
 
 std::string tidyPath(std::string_view path, std::string_view current) {
-  const std::string named(path);
+  const std::string_view named = path;
   if (path.empty() || path.find('\0') != std::string_view::npos)
-    throwFailure("\"" + named + "\"", ERROR_INVALID_NAME);
+    throwFailure("\"" + std::string(named) + "\"", ERROR_INVALID_NAME);
   const bool literal = path.starts_with(kLiteral);
   if (literal) path.remove_prefix(kLiteral.size());
   if (literal && base::foldCase(path.substr(0, 4)) == R"(unc\)")
     return tidyShare(path.substr(4), named);
   if (startsWithDrive(path) && (path.size() == 2 || isSeparator(path[2])))
     return tidyDrivePath(path);
-  if (literal) throwFailure(named, ERROR_BAD_PATHNAME);
+  if (literal) throwFailure(std::string(named), ERROR_BAD_PATHNAME);
   if (path.size() > 1 && isSeparator(path[0]) && isSeparator(path[1]))
     return tidyShare(path.substr(2), named);
   const std::size_t root = rootLength(current);
-  if (root == 0) throwFailure(named, ERROR_BAD_PATHNAME);
+  if (root == 0) throwFailure(std::string(named), ERROR_BAD_PATHNAME);
   if (isSeparator(path[0])) return joined(std::string(current.substr(0, root)), path);
   // "D:song.mp3" lies in the current folder only where that is on D:; else on the drive's root.
   if (startsWithDrive(path)) {
@@ -124,9 +130,9 @@ std::vector<std::string> wayTo(const std::string& tidy) {
 
 std::wstring systemPath(const std::string& tidy) {
   std::wstring wide = wideText(tidy);
-  if (wide.size() < kLongestShortForm && !isMisread(tidy)) return wide;
-  if (!wide.starts_with(LR"(\\)")) return LR"(\\?\)" + wide;
-  return LR"(\\?\UNC)" + wide.substr(1);
+  return wide.size() < kLongestShortForm && !isMisread(tidy) ? wide : literal(wide);
 }
+
+std::wstring literalPath(const std::string& tidy) { return literal(wideText(tidy)); }
 
 }  // namespace nerolith::windows

@@ -28,4 +28,7 @@ std::vector<std::string> wayTo(const std::string& tidy);
 /// that stand for a device ("nul", "com1.mp3").
 std::wstring systemPath(const std::string& tidy);
 
+/// Taken literally whatever it is: the quicker form, as the system has nothing to work out.
+std::wstring literalPath(const std::string& tidy);
+
 }  // namespace nerolith::windows

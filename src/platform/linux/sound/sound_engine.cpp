@@ -28,7 +28,7 @@ std::unique_ptr<platform::DurationReader> SoundEngine::readDurations(
   auto measure = [measurer = measurer_](const std::string& path, base::JobWatch& watch) {
     return measurer->durationOf(path, watch);
   };
-  return std::make_unique<platform::DurationsAhead>(retired_, std::move(paths), std::move(measure),
+  return std::make_unique<platform::DurationsAhead>(spare_, std::move(paths), std::move(measure),
                                                     threads, surroundings_.openPatience.standstill);
 }
 

@@ -8,6 +8,7 @@
 #include <string>
 
 #include "base/retired_threads.h"
+#include "base/spare_threads.h"
 #include "platform/filter_graph.h"
 #include "platform/linux/sound/deck_mixer.h"
 #include "platform/linux/sound/libav_graph.h"
@@ -47,6 +48,7 @@ class SoundEngine : public platform::FilterGraphFactory {
 
  private:
   base::RetiredThreads retired_;
+  base::SpareThreads spare_;
   DeckMixer mixer_;
   std::unique_ptr<SoundOutput> output_;
   DeckSurroundings surroundings_;
