@@ -89,8 +89,11 @@ TEST(TrayIcon, IsAddedOnceMoreWhenTheTaskBarIsMadeAnew) {
   TrayRig rig;
   const TaskBarWatch watch([&rig] { rig.door.taskBarCreated(); });
   const UINT created = RegisterWindowMessageW(L"TaskbarCreated");
+  int told = 0;
+  const auto hearing = rig.door.shownChanged.subscribe([&told] { ++told; });
   SendMessageW(watch.handle(), created, 0, 0);
   EXPECT_FALSE(rig.shellKnowsIt()) << "it was never there";
+  EXPECT_EQ(told, 0);
   rig.door.notify(platform::NotifyMessage::Add, rig.record());
   rig.shellForgetsIt();
   ASSERT_FALSE(rig.shellKnowsIt());

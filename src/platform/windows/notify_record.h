@@ -5,7 +5,10 @@
 
 #include <shellapi.h>
 
+#include <algorithm>
 #include <cstddef>
+
+#include "platform/notification_icon.h"
 
 namespace nerolith::windows {
 
@@ -20,5 +23,19 @@ inline constexpr std::size_t kNotifyTipSize = 64;
 static_assert(sizeof(void*) != 4 || kNotifyRecordSize == 88);
 static_assert(sizeof(void*) != 8 || kNotifyRecordSize == 104);
 static_assert(kNotifyRecordSize == offsetof(NOTIFYICONDATAA, szTip) + kNotifyTipSize);
+
+/// What the shell is told, with the handles of the picture box's window and of the form's icon.
+inline NOTIFYICONDATAA toldToTheShell(const platform::NotifyRecord& record, HWND window,
+                                      HICON icon) {
+  NOTIFYICONDATAA data{};
+  data.cbSize = kNotifyRecordSize;
+  data.hWnd = window;
+  data.uID = record.id;
+  data.uFlags = record.flags;
+  data.uCallbackMessage = record.callbackMessage;
+  data.hIcon = icon;
+  std::copy(record.tip.begin(), record.tip.end(), data.szTip);
+  return data;
+}
 
 }  // namespace nerolith::windows

@@ -1,7 +1,5 @@
 #include "platform/windows/shell_notification_icon.h"
 
-#include <algorithm>
-
 #include "platform/windows/notify_record.h"
 
 namespace nerolith::windows {
@@ -14,14 +12,8 @@ static_assert(static_cast<DWORD>(NotifyMessage::Delete) == NIM_DELETE);
 static_assert(std::tuple_size_v<decltype(NotifyRecord::tip)> == kNotifyTipSize);
 
 bool ShellNotificationIcon::tell(NotifyMessage message, const NotifyRecord& record) {
-  NOTIFYICONDATAA data{};
-  data.cbSize = kNotifyRecordSize;
-  data.hWnd = record.window ? windowOf_(*record.window) : nullptr;
-  data.uID = record.id;
-  data.uFlags = record.flags;
-  data.uCallbackMessage = record.callbackMessage;
-  data.hIcon = record.icon ? iconOf_(*record.icon) : nullptr;
-  std::copy(record.tip.begin(), record.tip.end(), data.szTip);
+  NOTIFYICONDATAA data = toldToTheShell(record, record.window ? windowOf_(*record.window) : nullptr,
+                                        record.icon ? iconOf_(*record.icon) : nullptr);
   return data.hWnd && Shell_NotifyIconA(static_cast<DWORD>(message), &data) != FALSE;
 }
 
