@@ -30,12 +30,13 @@ int MeterBar::lights() const { return std::max(1, (width() + kPitch - kLight) / 
 /// Any sound at all lights the first one.
 int MeterBar::litLights() const { return static_cast<int>(std::ceil(share() * lights())); }
 
-/// Music moves the meter ten times a second, by a few lights only.
+/// Music moves the meter ten times a second, by a few lights only. Nothing else moves with it that
+/// could be painted in the same go: at once is one round of the event loop less.
 void MeterBar::refresh() {
   const int lit = litLights();
   const auto [from, to] = std::minmax({shown_, lit});
   shown_ = lit;
-  if (from < to) update(from * kPitch, 0, (to - from) * kPitch, height());
+  if (from < to) repaint(from * kPitch, 0, (to - from) * kPitch, height());
   tellValue();
 }
 
