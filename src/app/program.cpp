@@ -106,6 +106,7 @@ Program::~Program() {
 void Program::start(const std::string& commandLine) {
   startUp_.load();
   form_.form.setVisible(true);
+  machine_.events.post([this] { base::goOn([this] { tray_.load(); }); });
   machine_.events.post([this, commandLine] { startUp_.begin(commandLine); });
   machine_.events.post([this] { base::endQuietly([this] { recording_.offerRepair(); }); });
   machine_.events.post([this] {

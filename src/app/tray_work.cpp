@@ -17,8 +17,12 @@ TrayWork::TrayWork(const platform::Machine& machine, forms::MainForm& mainForm,
 }
 
 TrayWork::~TrayWork() {
-  if (added_) remove();
+  if (added_) TrayWork::remove();
   machine_.windows.remove(form_.form);
+}
+
+void TrayWork::load() {
+  if (!ended_) window_.load();
 }
 
 void TrayWork::add(const std::string& tip) {

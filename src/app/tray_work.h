@@ -14,7 +14,7 @@
 
 namespace nerolith::app {
 
-/// Hosts Form3, hidden, while it lives. The icon is added once the program is idle: on the way to
+/// Hosts Form3, hidden. The icon is added once the program is idle: on the way to
 /// the desktop's area there may be processes that have to be started first, and the window comes up
 /// meanwhile. It counts as present only while something shows it.
 class TrayWork final : public NotificationIcon {
@@ -26,6 +26,8 @@ class TrayWork final : public NotificationIcon {
   TrayWork(const TrayWork&) = delete;
   TrayWork& operator=(const TrayWork&) = delete;
 
+  /// At the program's start: Form3 is there from now on, whether an icon comes or not.
+  void load();
   void add(const std::string& tip) override;
   void remove() override;
   bool present() const override { return machine_.icon.shown(); }

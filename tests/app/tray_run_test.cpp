@@ -30,6 +30,19 @@ TEST_F(TrayRun, TheIconComesWithTheWindowsFirstActivation) {
   EXPECT_FALSE(tray().form.visible());
 }
 
+TEST_F(TrayRun, Form3IsLoadedHiddenAtTheStartThoughNoIconComes) {
+  program.reset();
+  TracedIcon standIn(machine);
+  Program other(machine.doors(), StandIns{&playlists, &standIn, &recording});
+  int loads = 0;
+  const auto seen = other.trayForm().form.loadRequested.subscribe([&] { ++loads; });
+  other.start("1");
+  machine.advance(1s);
+  EXPECT_EQ(loads, 1);
+  EXPECT_EQ(other.trayForm().lblMessage.caption(), "Uninitialized...");
+  EXPECT_FALSE(other.trayForm().form.visible());
+}
+
 TEST_F(TrayRun, EachActivationAddsItOnceMoreWhichTheAreaIgnores) {
   form().form.activate.raise();
   form().form.activate.raise();

@@ -17,8 +17,14 @@ namespace {
 class TrayRig {
  public:
   TrayRig()
-      : door([this](controls::PictureBox& picture) { return shown.host.windowOf(picture); },
-             [this](const controls::Form& form) { return shown.host.iconOf(form); }) {
+      : door(
+            [this](controls::PictureBox& picture) -> HWND {
+              return reachable ? shown.host.windowOf(picture) : nullptr;
+            },
+            [this](const controls::Form& form) { return shown.host.iconOf(form); },
+            [this] {
+              return !taskBarGone && windows::ShellNotificationIcon::systemTaskBarThere();
+            }) {
     shown.host.add(tray.form);
     tray.form.load();
     shown.settle();
@@ -40,6 +46,11 @@ class TrayRig {
   void mouse(int message) { PostMessageW(picture(), WM_MOUSEMOVE, 100, message); }
   void settle() { shown.settle(); }
 
+  /// As the shell tells all windows after its start.
+  void taskBarIsMadeAnew() {
+    SendMessageW(watch.handle(), RegisterWindowMessageW(L"TaskbarCreated"), 0, 0);
+  }
+
   /// Whether the shell knows the icon: it changes none that it does not.
   bool shellKnowsIt() {
     NOTIFYICONDATAA data{};
@@ -58,7 +69,10 @@ class TrayRig {
 
   ShownForm shown;
   forms::Form3 tray;
+  bool reachable = true;  // else the shell takes no icon
+  bool taskBarGone = false;
   windows::ShellNotificationIcon door;
+  const TaskBarWatch watch{[this] { door.taskBarCreated(); }, [this] { door.look(); }};
 };
 
 TEST(TrayIcon, TheHiddenFormsPictureBoxHasAWindowOnceTheFormIsLoaded) {
@@ -87,18 +101,69 @@ TEST(TrayIcon, APictureBoxWithoutAWindowGetsNone) {
 
 TEST(TrayIcon, IsAddedOnceMoreWhenTheTaskBarIsMadeAnew) {
   TrayRig rig;
-  const TaskBarWatch watch([&rig] { rig.door.taskBarCreated(); });
-  const UINT created = RegisterWindowMessageW(L"TaskbarCreated");
   int told = 0;
   const auto hearing = rig.door.shownChanged.subscribe([&told] { ++told; });
-  SendMessageW(watch.handle(), created, 0, 0);
-  EXPECT_FALSE(rig.shellKnowsIt()) << "it was never there";
+  rig.taskBarIsMadeAnew();
+  EXPECT_FALSE(rig.shellKnowsIt()) << "nobody wanted it yet";
   EXPECT_EQ(told, 0);
   rig.door.notify(platform::NotifyMessage::Add, rig.record());
   rig.shellForgetsIt();
   ASSERT_FALSE(rig.shellKnowsIt());
-  SendMessageW(watch.handle(), created, 0, 0);
+  rig.taskBarIsMadeAnew();
   EXPECT_TRUE(rig.shellKnowsIt());
+  rig.door.notify(platform::NotifyMessage::Delete, rig.record());
+  rig.taskBarIsMadeAnew();
+  EXPECT_FALSE(rig.shellKnowsIt()) << "it was deleted";
+}
+
+// So it is announced also when nothing but the screen's density has changed.
+TEST(TrayIcon, IsStillShownWhenATaskBarThatHasItIsAnnouncedOnceMore) {
+  TrayRig rig;
+  rig.door.notify(platform::NotifyMessage::Add, rig.record());
+  rig.taskBarIsMadeAnew();
+  EXPECT_TRUE(rig.door.shown());
+  rig.door.notify(platform::NotifyMessage::Delete, rig.record());
+}
+
+TEST(TrayIcon, OneThatNoTaskBarTookIsAddedAsSoonAsThereIsOne) {
+  TrayRig rig;
+  rig.reachable = false;
+  EXPECT_FALSE(rig.door.notify(platform::NotifyMessage::Add, rig.record()));
+  EXPECT_FALSE(rig.door.shown());
+  rig.reachable = true;
+  rig.taskBarIsMadeAnew();
+  EXPECT_TRUE(rig.door.shown());
+  EXPECT_TRUE(rig.shellKnowsIt());
+  rig.door.notify(platform::NotifyMessage::Delete, rig.record());
+}
+
+TEST(TrayIcon, OneThatTheNewTaskBarRefusesIsNotShown) {
+  TrayRig rig;
+  rig.door.notify(platform::NotifyMessage::Add, rig.record());
+  rig.shellForgetsIt();
+  rig.reachable = false;
+  rig.taskBarIsMadeAnew();
+  EXPECT_FALSE(rig.door.shown());
+}
+
+TEST(TrayIcon, ATaskBarThatFallsIsNoticed) {
+  TrayRig rig;
+  rig.door.notify(platform::NotifyMessage::Add, rig.record());
+  int told = 0;
+  const auto hearing = rig.door.shownChanged.subscribe([&] { ++told; });
+  rig.taskBarGone = true;
+  for (int i = 0; i < 500 && told == 0; ++i) {
+    rig.settle();
+    Sleep(10);
+  }
+  EXPECT_EQ(told, 1);
+  EXPECT_FALSE(rig.door.shown());
+  rig.door.look();
+  EXPECT_EQ(told, 1) << "told but once";
+  rig.taskBarGone = false;
+  rig.taskBarIsMadeAnew();
+  EXPECT_EQ(told, 2);
+  EXPECT_TRUE(rig.door.shown());
   rig.door.notify(platform::NotifyMessage::Delete, rig.record());
 }
 

@@ -151,7 +151,8 @@ int play(windows::WindowsFileSystem& files, platform::FirstInstance& instance,
   windows::ShellNotificationIcon icon(
       [&forms](controls::PictureBox& picture) { return forms.windowOf(picture); },
       [&forms](const controls::Form& form) { return forms.iconOf(form); });
-  const windows_forms::TaskBarWatch taskBar([&icon] { icon.taskBarCreated(); });
+  const windows_forms::TaskBarWatch taskBar([&icon] { icon.taskBarCreated(); },
+                                            [&icon] { icon.look(); });
   windows::WindowsMediaControls media;
   windows::WindowsPowerRequest power;
   const platform::Machine machine{sound,  files, settings, dialogs,  pictures, clock,

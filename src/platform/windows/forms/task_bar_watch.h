@@ -1,4 +1,4 @@
-// Hears that the task bar was made anew.
+// Looks after the task bar.
 #pragma once
 
 #include <functional>
@@ -8,16 +8,17 @@
 namespace nerolith::windows_forms {
 
 /// After a fall of the shell every program has to tell it of its icon again. A window out of sight
-/// hears of it, as long as this lives.
+/// hears that the task bar was made anew, as long as this lives. That it is gone is announced by
+/// nobody: once a second is the time to look.
 class TaskBarWatch : public Window {
  public:
-  explicit TaskBarWatch(std::function<void()> created);
+  TaskBarWatch(std::function<void()> created, std::function<void()> timeToLook);
 
  protected:
   std::optional<LRESULT> onMessage(UINT message, WPARAM first, LPARAM second) override;
 
  private:
-  std::function<void()> created_;
+  std::function<void()> created_, timeToLook_;
   UINT createdMessage_;
 };
 
