@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstdlib>
 #include <functional>
 
@@ -54,9 +55,27 @@ class DesktopControls : public ::testing::Test {
     return stage.recording->waitForTone(stage.songs[song].hertz, 5);
   }
   bool silent() const { return stage.recording->waitForSilence(0.3, 5); }
-  int say(const std::string& method) const {
-    return runToEnd(tool({"dbus-send", "--print-reply", "--dest=org.mpris.MediaPlayer2.velmarion",
-                          "/org/mpris/MediaPlayer2", method}));
+  int say(const std::string& method, const std::vector<std::string>& arguments = {}) const {
+    std::vector<std::string> words = {"dbus-send", "--print-reply",
+                                      "--dest=org.mpris.MediaPlayer2.velmarion",
+                                      "/org/mpris/MediaPlayer2", method};
+    words.insert(words.end(), arguments.begin(), arguments.end());
+    return runToEnd(tool(std::move(words)));
+  }
+  /// All properties, a line each, and what is wrong with how the player describes itself.
+  std::string properties() const {
+    return outputOf(
+        tool({"/usr/bin/python3", NEROLITH_SOURCE_DIR "/tests/endtoend/media_client.py"}),
+        stage.desktop.scratch());
+  }
+  /// The types of files that the desktop entry names, one behind the other.
+  static std::string entrysTypes() {
+    const std::string entry = contentsOf(NEROLITH_SOURCE_DIR "/packaging/linux/velmarion.desktop");
+    const std::string key = "\nMimeType=";
+    const std::size_t from = entry.find(key) + key.size();
+    std::string types = entry.substr(from, entry.find(";\n", from) - from);
+    std::replace(types.begin(), types.end(), ';', ' ');
+    return types;
   }
 
   Stage stage;
@@ -135,11 +154,49 @@ TEST_F(DesktopControls, ChangesAreToldWithoutBeingAskedFor) {
   ASSERT_TRUE(told("NameAcquired"));
   stage.player->key("space");  // the first song, as the user starts it
   EXPECT_TRUE(told("string \"Playing\""));
+  EXPECT_TRUE(told("member=PropertiesChanged\n   string \"org.mpris.MediaPlayer2.Player\""));
   EXPECT_TRUE(told("string \"a\""));
+  EXPECT_TRUE(told("object path \"/velmarion/song/1\""));
+  EXPECT_TRUE(told("int64 20"));  // the length
   ASSERT_TRUE(pressed({"position", "9"}));
   EXPECT_TRUE(told("member=Seeked\n   int64 9"));
   stage.player->key("alt+s");
   EXPECT_TRUE(told("string \"Stopped\""));
+}
+
+TEST_F(DesktopControls, EveryPropertyOfAPlayerAtRestAndOfOneThatPlays) {
+  open();
+  ASSERT_EQ(awaited({"status"}, "Stopped"), "Stopped");
+  EXPECT_EQ(properties(),
+            "CanControl b true\nCanGoNext b false\nCanGoPrevious b false\nCanPause b false\n"
+            "CanPlay b true\nCanQuit b true\nCanRaise b true\nCanSeek b false\n"
+            "DesktopEntry s velmarion\nHasTrackList b false\nIdentity s Nerolith\n"
+            "LoopStatus s None\nMaximumRate d 1\nMetadata a{sv}\nMinimumRate d 1\n"
+            "PlaybackStatus s Stopped\nPosition x 0\nRate d 1\nShuffle b false\n"
+            "SupportedMimeTypes as " +
+                entrysTypes() +
+                "\nSupportedUriSchemes as file\nVolume d 1\n"
+                "mpris:trackid o /org/mpris/MediaPlayer2/TrackList/NoTrack\n");
+  ASSERT_TRUE(pressed({"play"}));
+  ASSERT_TRUE(hears(0));
+  const std::string playing = properties();
+  for (const std::string& line :
+       {std::string("CanPause b true"), std::string("CanSeek b true"),
+        std::string("PlaybackStatus s Playing"), std::string("mpris:trackid o /velmarion/song/1"),
+        std::string("xesam:title s a"), "xesam:url s file://" + stage.songs[0].file.string(),
+        std::string("mpris:length x 20")})
+    EXPECT_NE(playing.find("\n" + line), playing.npos) << line << "\nis not in\n" << playing;
+  EXPECT_EQ(playing.find("\nPosition x 0\n"), playing.npos);
+
+  const std::string player = "org.mpris.MediaPlayer2.Player.";
+  EXPECT_EQ(say(player + "Previous"), 0);  // there is none
+  EXPECT_EQ(say(player + "SetPosition", {"objpath:/velmarion/song/9", "int64:15000000"}), 0);
+  EXPECT_LT(std::atof(asked({"position"}).c_str()), 14) << "that is another song's";
+  EXPECT_EQ(asked({"status"}), "Playing");
+  EXPECT_EQ(say("org.freedesktop.DBus.Properties.Set",
+                {"string:org.mpris.MediaPlayer2.Player", "string:Rate", "variant:double:0"}),
+            0);
+  EXPECT_EQ(awaited({"status"}, "Paused"), "Paused");
 }
 
 TEST_F(DesktopControls, TheDesktopRaisesAndEndsThePlayer) {

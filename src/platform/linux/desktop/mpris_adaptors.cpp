@@ -15,13 +15,14 @@ QString MprisRoot::desktopEntry() const { return QStringLiteral("velmarion"); }
 
 QStringList MprisRoot::supportedUriSchemes() const { return {QStringLiteral("file")}; }
 
-/// What the folder browser's file pattern lets through, and playlists.
+/// Those of the desktop entry: what the folder browser's file pattern lets through by their usual
+/// names, playlists, and folders.
 QStringList MprisRoot::supportedMimeTypes() const {
-  return {QStringLiteral("audio/mpeg"),     QStringLiteral("audio/mp2"),
-          QStringLiteral("audio/mp4"),      QStringLiteral("audio/x-wav"),
-          QStringLiteral("audio/x-ms-wma"), QStringLiteral("audio/x-ms-asf"),
-          QStringLiteral("audio/midi"),     QStringLiteral("audio/x-aiff"),
-          QStringLiteral("audio/x-mpegurl")};
+  return QStringLiteral(
+             "audio/mpeg audio/mp2 audio/x-wav audio/wav audio/vnd.wave audio/x-ms-wma "
+             "application/vnd.ms-asf video/x-ms-asf audio/x-aiff audio/aiff audio/midi "
+             "audio/x-midi video/mpeg audio/x-mpegurl inode/directory")
+      .split(QLatin1Char(' '));
 }
 
 void MprisRoot::Raise() { commands_.raise(); }
@@ -37,6 +38,10 @@ MprisPlayer::MprisPlayer(QObject& onBus, platform::MediaCommands& commands,
 
 void MprisPlayer::setLoopStatus(const QString& word) {
   if (const auto repeat = repeatNamed(word)) commands_.setRepeat(*repeat);
+}
+
+void MprisPlayer::setRate(double rate) {
+  if (rate == 0) commands_.pause();
 }
 
 void MprisPlayer::setShuffle(bool shuffle) { commands_.setShuffle(shuffle); }

@@ -42,8 +42,8 @@ class MprisRoot : public QDBusAbstractAdaptor {
   platform::MediaCommands& commands_;
 };
 
-/// org.mpris.MediaPlayer2.Player. Going back is not possible, the speed is always 1, and the volume
-/// is only told: fades and volume correction own it.
+/// org.mpris.MediaPlayer2.Player. Going back is not possible, the speed is always 1 (one of 0 is a
+/// pause, as the standard has it), and the volume is only told: fades and volume correction own it.
 class MprisPlayer : public QDBusAbstractAdaptor {
   Q_OBJECT
   Q_CLASSINFO("D-Bus Interface", "org.mpris.MediaPlayer2.Player")
@@ -72,7 +72,7 @@ class MprisPlayer : public QDBusAbstractAdaptor {
   QString loopStatus() const { return desktop::loopStatus(status_.repeat); }
   void setLoopStatus(const QString& word);
   double rate() const { return 1; }
-  void setRate(double) {}
+  void setRate(double rate);
   bool shuffle() const { return status_.shuffle; }
   void setShuffle(bool shuffle);
   QVariantMap metadata() const { return desktop::metadata(status_); }
