@@ -28,6 +28,8 @@ void setCaptions(EditorForm& f) {
   f.lineCount.setCaption("0");
   f.lineWord.setCaption("lines");
   f.List1.setAccessibleName("Songs of the playlist");
+  f.lineCount.setAccessibleName("Line count");
+  f.notice.setAccessibleName("Trouble with the playlist");
   f.List1.setEmptyHint("No songs in this playlist");
   f.Command1.setToolTip("Add the same files to a further playlist");
 }

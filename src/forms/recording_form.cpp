@@ -78,6 +78,8 @@ void setNames(RecordingForm& f) {
   f.Text1[0].setAccessibleName("Stop recording at MB");
   f.Text1[1].setAccessibleName("Stop recording at Min.");
   f.chosenFile.setAccessibleName("File to record to");
+  f.notice.setAccessibleName("Trouble with the recording");
+  f.outcome.setAccessibleName("Outcome of the recording");
   f.Label8.setToolTip("Switches the automatic volume correction");
   f.standardCopy.setToolTip(
       "Writes a copy that programs which are strict about WAV files can read");

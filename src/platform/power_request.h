@@ -4,8 +4,9 @@
 namespace nerolith::platform {
 
 /// Held or not; at the start it is not, and what is held ends with the program however that ends.
-/// The screen may go dark meanwhile, and the user may send the machine to sleep. Never fails and
-/// never waits: where nobody can be asked, nothing happens. User-interface thread only.
+/// The screen may go dark meanwhile, and the user may send the machine to sleep (a desktop may ask
+/// whether that is meant). Never fails and never waits: where nobody can be asked, nothing happens.
+/// User-interface thread only.
 class PowerRequest {
  public:
   enum class Why { Playing, Recording };

@@ -108,6 +108,19 @@ bool PlayerWindow::waitForMessageGone(double longest) const {
 
 bool PlayerWindow::showsMainWindow() const { return countTitles(kMainTitle) > 0; }
 
+int PlayerWindow::windowsOnScreen() const {
+  return static_cast<int>(linesOf(tool({"search", "--onlyvisible", "--class", "."})).size());
+}
+
+bool PlayerWindow::openFromMenu(const std::vector<std::string>& keys,
+                                const std::string& title) const {
+  const int before = windowsOnScreen();
+  key("alt+o");
+  if (!waitUntil(10, [&] { return windowsOnScreen() > before; })) return false;
+  for (const std::string& name : keys) key(name);
+  return waitForFocus(title, 10);
+}
+
 bool PlayerWindow::waitForFocus(const std::string& text, double longest) const {
   return waitUntil(longest, [&] {
     return tool({"getwindowfocus", "getwindowname"}).find(text) != std::string::npos;

@@ -35,12 +35,18 @@ class PlayerWindow {
   bool waitForMessage(double longest) const;
   bool waitForMessageGone(double longest) const;
   bool showsMainWindow() const;
+  /// All that is on the screen, menus too.
+  int windowsOnScreen() const;
   /// Waits until a window with this text in its title has the keyboard.
   bool waitForFocus(const std::string& text, double longest) const;
 
   /// Types a path into the file dialog of that title and chooses it; false when the dialog does not
   /// come or does not go.
   bool chooseFile(const std::string& title, const std::string& path) const;
+
+  /// Opens the menu and goes through it by these keys; false when no window of that title comes and
+  /// has the keyboard.
+  bool openFromMenu(const std::vector<std::string>& keys, const std::string& title) const;
 
   /// One key, as xdotool names it: "alt+n", "Down", "space".
   void key(const std::string& name) const;

@@ -1,7 +1,8 @@
 #!/usr/bin/python3
 """screen_reader.py list | press NAME: what a screen reader finds of the player, one control a line
-as "role|name|description|value|states"; or presses the control of this name. Waits for the player
-for ten seconds, exits 1 without it or without such a control."""
+as "role|name|description|value|states", what it holds between quotation marks for a text; or presses
+the control of this name. Waits for the player for ten seconds, exits 1 without it or without such a
+control."""
 
 import sys
 import time
@@ -11,7 +12,7 @@ import gi
 gi.require_version("Atspi", "2.0")
 from gi.repository import Atspi  # noqa: E402
 
-ROWS_OF_A_LIST = 20  # a song list may have 100,000 entries
+ROWS_OF_A_LIST = 3  # a song list may have 100,000 entries
 
 
 def player():
@@ -26,7 +27,8 @@ def player():
 
 def below(node):
     yield node
-    for i in range(min(node.get_child_count(), ROWS_OF_A_LIST)):
+    most = ROWS_OF_A_LIST if node.get_role() == Atspi.Role.LIST else 1000
+    for i in range(min(node.get_child_count(), most)):
         child = node.get_child_at_index(i)
         if child:
             yield from below(child)
@@ -35,8 +37,8 @@ def below(node):
 def value_of(node):
     if "Value" in node.get_interfaces():
         return f"{node.get_current_value():g}"
-    if "EditableText" in node.get_interfaces():
-        return node.get_text(0, node.get_character_count())
+    if node.get_role() == Atspi.Role.TEXT and "Text" in node.get_interfaces():
+        return f'"{node.get_text(0, node.get_character_count())}"'
     return ""
 
 

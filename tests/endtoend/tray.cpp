@@ -1,6 +1,5 @@
 #include "endtoend/tray.h"
 
-#include <algorithm>
 #include <cstdlib>
 #include <sstream>
 #include <stdexcept>
@@ -94,11 +93,6 @@ bool Tray::waitForIcon(double longest) const {
     pauseFor(0.1);
   }
   return false;
-}
-
-int Tray::windowsOnScreen() const {
-  const std::string found = printed({"xdotool", "search", "--onlyvisible", "--class", "."});
-  return static_cast<int>(std::count(found.begin(), found.end(), '\n'));
 }
 
 void Tray::click(int button) const {

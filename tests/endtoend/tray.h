@@ -22,8 +22,6 @@ class Tray {
 
   /// Waits until the player's icon is to be seen in it.
   bool waitForIcon(double longest) const;
-  /// All windows that are to be seen: menus count, and have no title.
-  int windowsOnScreen() const;
   /// A click on the icon.
   void click(int button) const;
   /// Gone, as after a crash.

@@ -26,9 +26,9 @@ class TrayTest : public testing::Test {
     stage.open({.mode = mode});
   }
   void choose(int button, Entry entry) {
-    const int windows = tray->windowsOnScreen();
+    const int windows = stage.player->windowsOnScreen();
     tray->click(button);
-    for (int i = 0; tray->windowsOnScreen() <= windows; ++i) {
+    for (int i = 0; stage.player->windowsOnScreen() <= windows; ++i) {
       if (i == 100) stage.desktop.screenshot(kNoMenu);
       ASSERT_LT(i, 100) << "no menu comes up, see " << kNoMenu;
       pauseFor(0.05);

@@ -1,6 +1,7 @@
 // The tray icon's host on a window: its panel, its picture box and its menu.
 #include <gtest/gtest.h>
 
+#include <QAccessible>
 #include <QDir>
 #include <QMenu>
 #include <QPushButton>
@@ -8,6 +9,7 @@
 
 #include "forms/form3.h"
 #include "platform/linux/widgets/form_window.h"
+#include "platform/linux/widgets/label_view.h"
 #include "platform/linux/widgets/picture_view.h"
 #include "platform/linux/widgets/qt_notification_icon.h"
 #include "platform/linux/widgets/qt_window_host.h"
@@ -50,6 +52,25 @@ TEST_F(Form3Window, ShowsItsPanel) {
                                       [&](const QPushButton& key) { return key.text() == words; }),
               nullptr)
         << words;
+}
+
+TEST_F(Form3Window, EveryControlHasItsRoleAndNameForAScreenReader) {
+  QMap<QString, QAccessible::Role> told;
+  for (QWidget* child : window->findChildren<QWidget*>()) {
+    const QAccessibleInterface* words = QAccessible::queryAccessibleInterface(child);
+    if (!words || words->childCount() > 0) continue;
+    EXPECT_FALSE(words->text(QAccessible::Name).isEmpty()) << child->metaObject()->className();
+    told[words->text(QAccessible::Name)] = words->role();
+  }
+  EXPECT_EQ(told["Add Icon"], QAccessible::Button);
+  EXPECT_EQ(told["Delete Icon"], QAccessible::Button);
+  EXPECT_EQ(told["Close"], QAccessible::Button);
+  EXPECT_EQ(told["Tray icon"], QAccessible::Graphic);
+  const QAccessibleInterface* message = QAccessible::queryAccessibleInterface(findWidget<LabelView>(
+      *window,
+      [](const LabelView& label) { return label.accessibleDescription() == "Uninitialized..."; }));
+  ASSERT_NE(message, nullptr);
+  EXPECT_EQ(message->role(), QAccessible::StaticText);
 }
 
 TEST_F(Form3Window, TheMouseOverThePictureIsToldInTwips) {

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "forms/editor_form.h"
+#include "forms/form3.h"
 #include "forms/recording_form.h"
 #include "forms/settings_form.h"
 #include "windows_forms/shown_form.h"
@@ -100,7 +101,8 @@ TEST_F(SpokenForms, EveryControlOfTheOtherWindowsHasItsName) {
   forms::SettingsForm settings;
   forms::RecordingForm recording;
   forms::EditorForm editor;
-  for (controls::Form* form : {&settings.form, &recording.form, &editor.form_4}) {
+  forms::Form3 tray;
+  for (controls::Form* form : {&settings.form, &recording.form, &editor.form_4, &tray.form}) {
     const Reading reading = readingOf(showBeside(*form), service);
     EXPECT_EQ(reading.nameless, "") << form->caption();
   }
@@ -109,7 +111,7 @@ TEST_F(SpokenForms, EveryControlOfTheOtherWindowsHasItsName) {
     EXPECT_TRUE(limits.names.contains(name)) << utf8Of(name);
   const Reading rules = readingOf(shown.host.windowOf(settings.form)->handle(), service);
   EXPECT_TRUE(rules.names.contains(L"Mix length in seconds"));
-  for (controls::Form* form : {&settings.form, &recording.form, &editor.form_4})
+  for (controls::Form* form : {&settings.form, &recording.form, &editor.form_4, &tray.form})
     shown.host.remove(*form);
 }
 
@@ -118,6 +120,8 @@ TEST_F(SpokenForms, AFigureThatChangesIsToldAnewAndALampSaysItsState) {
   EXPECT_EQ(service.description(stop), L"off");
   shown.form.Label10[3].setBackColour(controls::kRed);
   EXPECT_EQ(service.description(stop), L"on");
+  shown.form.Label10[3].setBackColour(controls::kYellow);
+  EXPECT_EQ(service.description(stop), L"waiting");
   shown.form.Label1.setCaption("03:12");
   EXPECT_TRUE(readingOf(shown.window(), service).names.contains(L"Time 03:12"));
 }

@@ -9,6 +9,7 @@
 #include "platform/linux/widgets/drive_combo.h"
 #include "platform/linux/widgets/form_window.h"
 #include "platform/linux/widgets/lamp.h"
+#include "platform/linux/widgets/picture_view.h"
 
 namespace nerolith::widgets {
 namespace {
@@ -95,6 +96,8 @@ QAccessibleInterface* interfaceOf(const QString&, QObject* object) {
   if (auto* bar = dynamic_cast<BarView*>(object)) return new Reading(*bar);
   if (auto* lamp = dynamic_cast<LampView*>(object))
     return new QAccessibleWidget(lamp, QAccessible::StaticText);
+  if (auto* picture = dynamic_cast<PictureView*>(object))
+    return new QAccessibleWidget(picture, QAccessible::Graphic);
   if (auto* box = qobject_cast<QCheckBox*>(object)) return new Switch(*box, QAccessible::CheckBox);
   if (auto* option = qobject_cast<QRadioButton*>(object))
     return new Switch(*option, QAccessible::RadioButton);

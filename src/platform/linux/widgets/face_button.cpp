@@ -3,6 +3,7 @@
 #include <QPainter>
 #include <QShortcutEvent>
 
+#include "controls/lamp_words.h"
 #include "platform/linux/widgets/control_binding.h"
 #include "platform/linux/widgets/glass_colour.h"
 #include "platform/linux/widgets/quietly.h"
@@ -20,11 +21,6 @@ theme::KeyState stateOf(const QPushButton& button) {
 }
 
 }  // namespace
-
-QString lampInWords(controls::Colour colour) {
-  if (colour == controls::kYellow) return QStringLiteral("waiting");
-  return theme::lampLit(toQColor(colour)) ? QStringLiteral("on") : QStringLiteral("off");
-}
 
 FaceButtonView::FaceButtonView(const controls::FaceButton& parts, QWidget* parent)
     : QPushButton(parent), parts_(parts) {
@@ -58,7 +54,8 @@ void FaceButtonView::refresh() {
   const std::string& tip =
       parts_.face->toolTip().empty() ? parts_.button->toolTip() : parts_.face->toolTip();
   setToolTip(QString::fromStdString(tip));
-  if (parts_.lamp) setAccessibleDescription(lampInWords(parts_.lamp->backColour()));
+  if (parts_.lamp)
+    setAccessibleDescription(QLatin1String(controls::lampState(parts_.lamp->backColour())));
   update();
 }
 

@@ -27,7 +27,4 @@ class FaceButtonView : public QPushButton {
   controls::FaceButton parts_;
 };
 
-/// What a lamp's colour says, for those who do not see it: "on", "off", "waiting".
-QString lampInWords(controls::Colour colour);
-
 }  // namespace nerolith::widgets

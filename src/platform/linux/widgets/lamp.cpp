@@ -2,8 +2,8 @@
 
 #include <QPainter>
 
+#include "controls/lamp_words.h"
 #include "platform/linux/widgets/control_binding.h"
-#include "platform/linux/widgets/face_button.h"
 #include "platform/linux/widgets/glass_colour.h"
 #include "platform/linux/widgets/quietly.h"
 #include "platform/linux/widgets/theme.h"
@@ -20,7 +20,7 @@ constexpr int kBetween = 7;
 LampView::LampView(controls::Label& label, QWidget* parent) : QWidget(parent), label_(label) {
   setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
   new ControlBinding(*this, label, [this] {
-    setAccessibleDescription(lampInWords(label_.backColour()));
+    setAccessibleDescription(QLatin1String(controls::lampColour(label_.backColour())));
     update();
   });
 }
@@ -51,8 +51,8 @@ LampSwitchView::LampSwitchView(const controls::LampSwitch& parts, QWidget* paren
 void LampSwitchView::refresh() {
   const QString caption = QString::fromStdString(parts_.words->caption());
   if (text() != caption) setText(caption);
-  setChecked(theme::lampLit(toQColor(parts_.lamp->backColour())));
-  setAccessibleDescription(lampInWords(parts_.lamp->backColour()));
+  setChecked(controls::lampLit(parts_.lamp->backColour()));
+  setAccessibleDescription(QLatin1String(controls::lampState(parts_.lamp->backColour())));
   update();
 }
 

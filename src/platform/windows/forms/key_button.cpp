@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "controls/lamp_words.h"
 #include "platform/windows/forms/quietly.h"
 #include "platform/windows/forms/wide_text.h"
 
@@ -60,7 +61,7 @@ FaceButtonView::FaceButtonView(FormGround& ground, const controls::FaceButton& p
 
 void FaceButtonView::refresh() {
   KeyButton::refresh();
-  if (parts_.lamp) setSpokenState(lampLit(inkOf(parts_.lamp->backColour())) ? L"on" : L"off");
+  if (parts_.lamp) setSpokenState(wideOf(controls::lampState(parts_.lamp->backColour())));
 }
 
 std::wstring FaceButtonView::caption() const { return wideOf(parts_.button->caption()); }

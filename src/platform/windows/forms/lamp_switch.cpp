@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <string>
 
+#include "controls/lamp_words.h"
 #include "platform/windows/forms/quietly.h"
 #include "platform/windows/forms/wide_text.h"
 
@@ -18,12 +19,6 @@ constexpr Ink kOff{0x80, 0x80, 0x80};
 constexpr int kTickSize = 16;
 constexpr int kTickRoom = kTickSize + 8;
 
-std::wstring lampInWords(const Ink& colour) {
-  if (!lampLit(colour)) return L"off";
-  if (colour.red < 128) return colour.green < 128 ? L"blue" : L"green";
-  return colour.green < 128 ? L"red" : L"yellow";
-}
-
 }  // namespace
 
 LampView::LampView(FormGround& ground, controls::Label& label)
@@ -33,7 +28,7 @@ LampView::LampView(FormGround& ground, controls::Label& label)
 }
 
 void LampView::refresh() {
-  setSpokenName(lampInWords(inkOf(label_.backColour())));
+  setSpokenName(wideOf(controls::lampColour(label_.backColour())));
   repaint();
 }
 
