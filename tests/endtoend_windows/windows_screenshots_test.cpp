@@ -2,7 +2,10 @@
 // they look right is for the eye.
 #include <gtest/gtest.h>
 
+#include <fstream>
+
 #include "endtoend/section_window.h"
+#include "endtoend/shipped_program.h"
 #include "endtoend/stage.h"
 #include "endtoend/window_places.h"
 
@@ -55,6 +58,18 @@ struct WindowsScreenshots : testing::Test {
     take("folders.png");
     keys({"Return"});
   }
+  void takeEditor() {
+    const auto list = stage.desktop.music() / "Sunday evening.m3u";
+    std::ofstream out(list);
+    for (const std::size_t song : {4, 1, 7, 2}) out << toldAs(stage.songs[song].file) << "\r\n";
+    out.close();
+    ASSERT_TRUE(stage.player->waitForFocus("Nerolith", 10));
+    keys({"alt+a"});
+    ASSERT_TRUE(stage.player->chooseFile("Add selected files to playlist", toldAs(list)));
+    ASSERT_TRUE(comes("Sunday evening.m3u"));
+    keys({"Home", "Down", "Return"});
+    take("editor.png");
+  }
 };
 
 TEST_F(WindowsScreenshots, OfEachWindowAndOfTheMenu) {
@@ -67,9 +82,13 @@ TEST_F(WindowsScreenshots, OfEachWindowAndOfTheMenu) {
   keys({"Escape"});
   EXPECT_TRUE(gone("^Settings$"));
 
-  const SectionWindow section(stage.desktop, *stage.player);
-  take("recording.png");
-  section.exit();
+  {
+    const SectionWindow section(stage.desktop, *stage.player);
+    take("recording.png");
+    section.exit();
+  }
+  EXPECT_TRUE(gone("recording section"));
+  takeEditor();
 }
 
 }  // namespace
