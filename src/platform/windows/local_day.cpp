@@ -23,7 +23,8 @@ LocalMoment localMoment(const FILETIME& moment) {
     throwLastError("The local time");
   const std::uint64_t ticks =
       static_cast<std::uint64_t>(shifted.dwHighDateTime) << 32 | shifted.dwLowDateTime;
-  return {static_cast<double>(ticks / kTicksOfDay) + kFirstOfJanuary1601,
+  const std::uint64_t days = ticks / kTicksOfDay;
+  return {static_cast<double>(days) + kFirstOfJanuary1601,
           static_cast<double>(ticks % kTicksOfDay) / static_cast<double>(kTicksOfSecond)};
 }
 

@@ -9,7 +9,7 @@ namespace nerolith::windows_forms {
 /// Seven-segment digits in the label's fore colour; the glass behind them turns light where that
 /// colour could not be read on dark glass. A left click is the label's; the space bar and the menu
 /// key do what the mouse buttons do.
-class DigitalDisplay : public ControlView {
+class DigitalDisplay final : public ControlView {
  public:
   DigitalDisplay(FormGround& ground, controls::Label& label);
   Extent extent() const override;

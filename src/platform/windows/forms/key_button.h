@@ -34,7 +34,7 @@ class KeyButton : public ControlView {
 /// A large push button of the faceplate, with the lamp that glows in it. Caption, access key and
 /// enabled state come from the command button; presses, releases and clicks go to the face, in
 /// this order, and a click by key or by a screen reader goes there too.
-class FaceButtonView : public KeyButton {
+class FaceButtonView final : public KeyButton {
  public:
   FaceButtonView(FormGround& ground, const controls::FaceButton& parts);
   Extent extent() const override;
@@ -52,7 +52,7 @@ class FaceButtonView : public KeyButton {
 };
 
 /// A small key of the caption strip: the label's caption is the sign on it.
-class CaptionKey : public KeyButton {
+class CaptionKey final : public KeyButton {
  public:
   CaptionKey(FormGround& ground, controls::Label& label);
   Extent extent() const override;
@@ -83,7 +83,7 @@ class PlainKey : public KeyButton {
   bool fillsWide_;
 };
 
-class PushButton : public PlainKey {
+class PushButton final : public PlainKey {
  public:
   PushButton(FormGround& ground, controls::CommandButton& button);
 
@@ -96,7 +96,7 @@ class PushButton : public PlainKey {
 };
 
 /// A label that is a push button. An "&" in its caption is a sign like any other.
-class LabelKey : public PlainKey {
+class LabelKey final : public PlainKey {
  public:
   LabelKey(FormGround& ground, controls::Label& label);
 

@@ -8,7 +8,7 @@ namespace nerolith::windows_forms {
 
 /// Shows a label's caption, shortened with an ellipsis where the room does not suffice (the whole
 /// text is then the tooltip). A left click is the label's click. `onGlass` picks the ink.
-class LabelView : public ControlView {
+class LabelView final : public ControlView {
  public:
   LabelView(FormGround& ground, controls::Label& label, controls::Look look, bool onGlass);
 

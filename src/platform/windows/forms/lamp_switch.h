@@ -8,7 +8,7 @@
 namespace nerolith::windows_forms {
 
 /// Shines in the label's back colour; a screen reader says which that is.
-class LampView : public ControlView {
+class LampView final : public ControlView {
  public:
   LampView(FormGround& ground, controls::Label& label);
   Extent extent() const override;
@@ -52,7 +52,7 @@ class SwitchView : public ControlView {
 };
 
 /// A switch of the display.
-class LampSwitchView : public SwitchView {
+class LampSwitchView final : public SwitchView {
  public:
   LampSwitchView(FormGround& ground, const controls::LampSwitch& parts);
 
@@ -66,7 +66,7 @@ class LampSwitchView : public SwitchView {
   controls::LampSwitch parts_;
 };
 
-class OptionButtonView : public SwitchView {
+class OptionButtonView final : public SwitchView {
  public:
   OptionButtonView(FormGround& ground, controls::OptionButton& button);
 
@@ -80,7 +80,7 @@ class OptionButtonView : public SwitchView {
 };
 
 /// A small recess with a tick in it, and its words.
-class CheckBoxView : public SwitchView {
+class CheckBoxView final : public SwitchView {
  public:
   CheckBoxView(FormGround& ground, controls::CheckBox& box);
   Extent extent() const override;

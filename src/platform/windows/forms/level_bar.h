@@ -8,7 +8,7 @@
 namespace nerolith::windows_forms {
 
 /// A slim bar; a level is amber below half, work that goes on is green from its beginning.
-class LevelBar : public ControlView {
+class LevelBar final : public ControlView {
  public:
   LevelBar(FormGround& ground, controls::ProgressBar& bar, controls::Look look);
   Extent extent() const override;

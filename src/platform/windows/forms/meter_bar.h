@@ -7,7 +7,7 @@
 namespace nerolith::windows_forms {
 
 /// A row of small lights, each in the colour of its place on the bar.
-class MeterBar : public ControlView {
+class MeterBar final : public ControlView {
  public:
   MeterBar(FormGround& ground, controls::ProgressBar& bar);
   Extent extent() const override;

@@ -8,7 +8,7 @@ namespace nerolith::windows_forms {
 
 /// The icon in a recess. Every move of the mouse that its window hears of is the picture box's:
 /// also those that the shell sends for the icon in the notification area, whose place is a message.
-class PictureView : public ControlView {
+class PictureView final : public ControlView {
  public:
   PictureView(FormGround& ground, controls::PictureBox& picture);
   Extent extent() const override;

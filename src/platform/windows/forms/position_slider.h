@@ -8,7 +8,7 @@ namespace nerolith::windows_forms {
 
 /// A trackbar of the system (so that a screen reader knows range and position) with its own look
 /// and feel: the thumb is dragged, a click beside it moves it there, keys step.
-class PositionSlider : public ControlView {
+class PositionSlider final : public ControlView {
  public:
   PositionSlider(FormGround& ground, controls::ScrollBar& bar);
   Extent extent() const override;

@@ -3,6 +3,7 @@
 #include <windowsx.h>
 
 #include <algorithm>
+#include <optional>
 #include <utility>
 
 #include "platform/windows/forms/quietly.h"
@@ -17,6 +18,26 @@ constexpr int kRim = 4;
 constexpr DWORD kSearchPause = 1000;  // milliseconds after which a search begins anew
 
 bool keyHeld(int key) { return GetKeyState(key) < 0; }
+
+/// Where a key leads from row `now`; it may lie beyond the list. Nothing for other keys.
+std::optional<int> rowFor(WPARAM key, int now, int page, int last) {
+  switch (key) {
+    case VK_UP:
+      return now - 1;
+    case VK_DOWN:
+      return now + 1;
+    case VK_PRIOR:
+      return now - page;
+    case VK_NEXT:
+      return now + page;
+    case VK_HOME:
+      return 0;
+    case VK_END:
+      return last;
+    default:
+      return std::nullopt;
+  }
+}
 
 }  // namespace
 
@@ -145,24 +166,10 @@ void SongListView::reach(int row, bool shift, bool control) {
 
 bool SongListView::moveByKey(WPARAM key) {
   const int last = list_.count() - 1;
-  const int now = list_.listIndex();
   const int page = std::max(1, ListView_GetCountPerPage(handle()) - 1);
-  int row = now;
-  if (key == VK_UP)
-    row = now - 1;
-  else if (key == VK_DOWN)
-    row = now + 1;
-  else if (key == VK_PRIOR)
-    row = now - page;
-  else if (key == VK_NEXT)
-    row = now + page;
-  else if (key == VK_HOME)
-    row = 0;
-  else if (key == VK_END)
-    row = last;
-  else
-    return false;
-  if (last >= 0) reach(std::clamp(row, 0, last), keyHeld(VK_SHIFT), keyHeld(VK_CONTROL));
+  const auto row = rowFor(key, list_.listIndex(), page, last);
+  if (!row) return false;
+  if (last >= 0) reach(std::clamp(*row, 0, last), keyHeld(VK_SHIFT), keyHeld(VK_CONTROL));
   return true;
 }
 

@@ -18,7 +18,7 @@ namespace nerolith::windows_forms {
 /// list box alone and are drawn and answered from there. Click, Ctrl+click, Shift+click, dragging
 /// and the arrow keys work as lists do everywhere: plain moves select what they reach, Shift
 /// extends from where the last plain move ended, Ctrl moves without selecting.
-class SongListView : public ControlView {
+class SongListView final : public ControlView {
  public:
   SongListView(FormGround& ground, controls::ListBox& list);
   ~SongListView() override;

@@ -8,7 +8,7 @@ namespace nerolith::windows_forms {
 
 /// An edit field of the system in a recess of the panel; in a well it is shown and can be copied
 /// from, not edited. Stands on the box's back colour where it has one.
-class TextLine : public ControlView {
+class TextLine final : public ControlView {
  public:
   TextLine(FormGround& ground, controls::TextBox& box, controls::Look look);
 
