@@ -39,7 +39,7 @@ std::string environmentText(const wchar_t* name) {
 
 /// The user's folder for programs' own files, wherever it can be learnt.
 std::string roamingFolder() {
-  const std::string told = environmentText(L"APPDATA");
+  std::string told = environmentText(L"APPDATA");
   if (rootLength(told) > 0) return told;
   wchar_t path[MAX_PATH];
   if (SUCCEEDED(SHGetFolderPathW(nullptr, CSIDL_APPDATA, nullptr, SHGFP_TYPE_CURRENT, path)))

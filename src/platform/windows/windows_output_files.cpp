@@ -82,7 +82,7 @@ class WindowsOutputFile : public platform::OutputFile {
   }
 
  protected:
-  virtual std::function<void()> finish(std::shared_ptr<const OpenFile> file) {
+  virtual std::function<void()> finish(const std::shared_ptr<const OpenFile>& file) {
     return [file] { file->flush(); };
   }
 
@@ -107,7 +107,7 @@ class WindowsReplacement : public WindowsOutputFile {
         replacement_(std::move(replacement)) {}
 
  protected:
-  std::function<void()> finish(std::shared_ptr<const OpenFile>) override {
+  std::function<void()> finish(const std::shared_ptr<const OpenFile>&) override {
     return [replacement = std::exchange(replacement_, nullptr)] {
       replacement->complete();
       replacement->takePlace();
