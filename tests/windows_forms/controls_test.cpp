@@ -14,19 +14,9 @@
 namespace nerolith::windows_forms {
 namespace {
 
-struct ControlsTest : testing::Test {
-  ShownForm shown;
-  forms::MainForm& form = shown.form;
-  std::string heard;
-  std::vector<base::Subscription> subscriptions;
+using ControlsTest = ShownFormTest;
 
-  template <typename Signal>
-  void hear(Signal& signal, const std::string& word) {
-    subscriptions.push_back(signal.subscribe([this, word](auto&&...) { heard += word + " "; }));
-  }
-};
-
-struct SliderTest : ControlsTest {
+struct SliderTest : ShownFormTest {
   SliderTest() {
     form.HScroll1.setMin(1);
     form.HScroll1.setMax(1000);
@@ -80,7 +70,7 @@ TEST_F(SliderTest, ADragThatTheSystemBreaksOffEndsWhereItIs) {
   EXPECT_EQ(heard, "scroll change ");
 }
 
-struct FolderListTest : ControlsTest {
+struct FolderListTest : ShownFormTest {
   FolderListTest() {
     form.Dir1.setPath("C:\\Music");
     form.Dir1.setContents({"C:\\", "C:\\Music"}, {"Jazz", "Rock"});
@@ -131,7 +121,7 @@ TEST_F(FolderListTest, ADoubleClickOpensAStepOfTheWay) {
   EXPECT_EQ(form.Dir1.path(), "C:\\");
 }
 
-struct DriveListTest : ControlsTest {
+struct DriveListTest : ShownFormTest {
   DriveListTest() {
     form.Drive1.setDrives({{"C:\\", "c:"}, {"D:\\", "d: [Music]"}});
     form.Drive1.setDrive("C:\\");
@@ -161,7 +151,7 @@ TEST_F(DriveListTest, FollowsTheDriveThatIsSetAndTheListOfDrives) {
   EXPECT_EQ(heard, "drive ");
 }
 
-struct LabelTest : ControlsTest {
+struct LabelTest : ShownFormTest {
   /// The window with this caption.
   HWND shownAs(const controls::Label& label) const {
     for (HWND child = GetWindow(shown.window(), GW_CHILD); child;

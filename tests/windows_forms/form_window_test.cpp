@@ -10,16 +10,7 @@
 namespace nerolith::windows_forms {
 namespace {
 
-struct FormWindowTest : testing::Test {
-  ShownForm shown;
-  forms::MainForm& form = shown.form;
-  std::string heard;
-  std::vector<base::Subscription> subscriptions;
-
-  template <typename Signal>
-  void hear(Signal& signal, const std::string& word) {
-    subscriptions.push_back(signal.subscribe([this, word](auto&&...) { heard += word + " "; }));
-  }
+struct FormWindowTest : ShownFormTest {
   HWND list() const { return shown.child(WC_LISTVIEWW); }
   int rowHeight() const {
     RECT row{};

@@ -3,9 +3,12 @@
 
 #include <windows.h>
 
+#include <gtest/gtest.h>
+
 #include <string>
 #include <vector>
 
+#include "base/signal.h"
 #include "forms/main_form.h"
 #include "platform/windows/forms/form_window.h"
 #include "platform/windows/forms/wide_text.h"
@@ -71,6 +74,19 @@ class ShownForm {
     if (!sought.name.empty() && textOf(window) != sought.name) return TRUE;
     sought.found = window;
     return FALSE;
+  }
+};
+
+/// The shown form, and what was heard of its signals in their order.
+struct ShownFormTest : testing::Test {
+  ShownForm shown;
+  forms::MainForm& form = shown.form;
+  std::string heard;
+  std::vector<base::Subscription> subscriptions;
+
+  template <typename Signal>
+  void hear(Signal& signal, const std::string& word) {
+    subscriptions.push_back(signal.subscribe([this, word](auto&&...) { heard += word + " "; }));
   }
 };
 

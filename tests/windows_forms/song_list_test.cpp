@@ -12,16 +12,7 @@
 namespace nerolith::windows_forms {
 namespace {
 
-struct SongListTest : testing::Test {
-  ShownForm shown;
-  forms::MainForm& form = shown.form;
-  std::string heard;
-  std::vector<base::Subscription> subscriptions;
-
-  template <typename Signal>
-  void hear(Signal& signal, const std::string& word) {
-    subscriptions.push_back(signal.subscribe([this, word](auto&&...) { heard += word + " "; }));
-  }
+struct SongListTest : ShownFormTest {
   HWND list() const { return shown.child(WC_LISTVIEWW); }
   LPARAM row(int position) const {
     RECT area{};
