@@ -153,6 +153,11 @@ void PlayerWindow::doubleClick(int x, int y) const {
         "2", "--delay", "60", "1"});
 }
 
+void PlayerWindow::turnWheel(int x, int y, bool down) const {
+  tool({"mousemove", "--window", window_, std::to_string(x), std::to_string(y), "click", "--repeat",
+        "10", "--delay", "100", down ? "5" : "4"});
+}
+
 void PlayerWindow::dragFromTo(int fromX, int fromY, int toX, int toY) const {
   const auto text = [](int number) { return std::to_string(number); };
   tool({"mousemove",

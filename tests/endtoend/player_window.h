@@ -53,6 +53,8 @@ class PlayerWindow {
   /// A click into the main window, relative to its upper left corner.
   void click(int x, int y, int button = 1) const;
   void doubleClick(int x, int y) const;
+  /// Turns the mouse wheel there for about a second.
+  void turnWheel(int x, int y, bool down) const;
   void dragFromTo(int fromX, int fromY, int toX, int toY) const;
   void moveMouse(int x, int y) const;
   Place place() const;

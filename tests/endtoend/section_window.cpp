@@ -42,6 +42,15 @@ bool SectionWindow::active() const {
   return runToEnd(ask) == 0 && contentsOf(ask.log).find(kTitle) != std::string::npos;
 }
 
+std::string SectionWindow::front() const {
+  const ScratchFolder scratch;
+  Command ask =
+      desktop_.command({"xdotool", "getactivewindow", "getwindowname", "getwindowgeometry"});
+  ask.log = scratch.path() / "answer";
+  runToEnd(ask);
+  return contentsOf(ask.log) + "of " + std::to_string(player_.countTitles(".")) + " windows";
+}
+
 void SectionWindow::click(int x, int y) const {
   const std::vector<std::string> window = {"search", "--onlyvisible", "--name", kTitle};
   const auto onIt = [&](std::vector<std::string> words) {
@@ -53,7 +62,8 @@ void SectionWindow::click(int x, int y) const {
     onIt({"windowactivate"});
     waitUntil(4, [&] { return active(); });
   }
-  if (!active()) throw std::runtime_error("the recording section does not come to the front");
+  if (!active())
+    throw std::runtime_error("the recording section does not come to the front: " + front());
   onIt({"mousemove", "--window", "%1", std::to_string(x), std::to_string(y), "click", "1"});
 }
 

@@ -34,9 +34,11 @@ class SectionWindow {
  private:
   /// The contrast of a part of the window.
   double contrastOf(Place part) const;
-  /// Throws when the window cannot be brought to the front.
+  /// Throws when the window cannot be brought to the front, and says what is there instead.
   void click(int x, int y) const;
   bool active() const;
+  /// The window that has the keyboard, its place, and how many are on the screen.
+  std::string front() const;
   void tool(std::vector<std::string> words) const;
 
   const PrivateDesktop& desktop_;

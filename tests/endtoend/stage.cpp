@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <chrono>
 #include <cmath>
+#include <exception>
 #include <iomanip>
 #include <iostream>
 #include <numeric>
@@ -27,6 +28,10 @@ void keepPicture(const PrivateDesktop& desktop) {
 }
 
 }  // namespace
+
+Stage::~Stage() {
+  if (std::uncaught_exceptions() > 0) keepPicture(desktop);
+}
 
 const std::vector<Song>& Stage::prepare(const std::vector<std::string>& names, double seconds) {
   songs = makeSongs(desktop.music(), names, seconds);

@@ -20,6 +20,10 @@ class Stage {
  public:
   Stage() = default;
   explicit Stage(PrivateDesktop::SoundServer sound) : desktop(sound) {}
+  /// Leaves a picture of the screen when a test is ended by an exception.
+  ~Stage();
+  Stage(const Stage&) = delete;
+  Stage& operator=(const Stage&) = delete;
 
   /// Songs of `seconds` in the music folder.
   const std::vector<Song>& prepare(const std::vector<std::string>& names, double seconds);

@@ -23,6 +23,7 @@ inline constexpr int kNoticeWidth = 510, kNoticeHeight = 20;
 inline constexpr int kDriveX = 160, kDriveY = 283;
 inline constexpr int kStopX = 475, kStopY = 244;
 inline constexpr int kFolderX = 500, kFolderY = 283;
+inline constexpr int kListX = 150, kListY = 450;  // in the midst of the song list
 
 // The same in the recording section.
 inline constexpr int kSectionX = 236;  // its middle

@@ -232,6 +232,18 @@ TEST_F(RecordingTest, ANewStartAfterAnExitDuringTheFadeIsNotEndedByThatFade) {
   EXPECT_GT(machine.output.bytes("C:\\rec\\b.wav").size(), 4 * 352800U);
 }
 
+TEST_F(RecordingTest, AFadeThatANewStartCutShortStopsNothingWhileTheFileIsChosen) {
+  record();
+  machine.advance(3s);
+  machine.clearTrace();
+  form().Label2[3].userClick();
+  machine.advance(1s);
+  machine.dialogs.chooseFile("C:\\rec\\b.wav", 10s);
+  window().Label2_Click(2);
+  EXPECT_EQ(asked(),
+            "player.fade | dialogs.save Select Filename to record to | player.stop | player.play");
+}
+
 TEST_F(RecordingTest, ANewStartDuringTheFadeFinishesTheFileAndRecordsIntoTheNext) {
   record();
   machine.advance(3s);
