@@ -115,6 +115,24 @@ TEST_F(SpokenForms, EveryControlOfTheOtherWindowsHasItsName) {
     shown.host.remove(*form);
 }
 
+TEST_F(SpokenForms, ANoticeSaysWhatItIsAbout) {
+  forms::RecordingForm recording;
+  forms::EditorForm editor;
+  const HWND section = showBeside(recording.form);
+  const HWND list = showBeside(editor.form_4);
+  recording.notice.setCaption("The disk is full");
+  recording.outcome.setCaption("Recorded 1.4 MB");
+  editor.notice.setCaption("The disk is full");
+  const Reading recorded = readingOf(section, service);
+  const Reading edited = readingOf(list, service);
+  EXPECT_TRUE(recorded.names.contains(L"Trouble with the recording The disk is full"));
+  EXPECT_TRUE(recorded.names.contains(L"Outcome of the recording Recorded 1.4 MB"));
+  EXPECT_TRUE(edited.names.contains(L"Trouble with the playlist The disk is full"));
+  EXPECT_TRUE(edited.names.contains(L"Line count 0"));
+  shown.host.remove(editor.form_4);
+  shown.host.remove(recording.form);
+}
+
 TEST_F(SpokenForms, AFigureThatChangesIsToldAnewAndALampSaysItsState) {
   const HWND stop = shown.child(L"BUTTON", L"&Stop");
   EXPECT_EQ(service.description(stop), L"off");
