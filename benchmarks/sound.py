@@ -76,12 +76,12 @@ class CardWatch:
             return self._first_loud
 
 
-def stream_latency(desktop, watch, milliseconds=80):
+def stream_latency(desktop, watch, milliseconds=90):
     """Seconds from the moment sound is handed to an open stream like the player's to the card."""
     tone = array.array("f", [0.5 if (i // 2) % 100 < 50 else -0.5 for i in range(2 * RATE // 2)])
     stream = desktop.start(
         ["pacat", "--raw", "--format=float32le", f"--rate={RATE}", "--channels=2",
-         f"--latency-msec={milliseconds}", "--process-time-msec=20"],
+         f"--latency-msec={milliseconds}", "--process-time-msec=30"],
         stdin=subprocess.PIPE, bufsize=0)
     time.sleep(0.5)
     watch.wait_for_silence()

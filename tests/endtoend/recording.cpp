@@ -46,7 +46,7 @@ Recording::Recording(const PrivateDesktop& desktop, const std::string& name)
   const auto tone = controlFile(desktop.scratch());
   controlTone_ = std::make_unique<ChildProcess>(
       desktop.command({"pacat", "--raw", "--rate=44100", "--channels=1", "--format=float32le",
-                       "--latency-msec=80", "--device=card", tone.string()}));
+                       "--latency-msec=90", "--device=card", tone.string()}));
   recorder_ = std::make_unique<ChildProcess>(
       desktop.command({"parec", "--raw", "--rate=44100", "--channels=2", "--format=float32le",
                        "--latency-msec=30", "--device=card.monitor", file_.string()}));

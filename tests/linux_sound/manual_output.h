@@ -17,7 +17,7 @@ namespace nerolith::sound_tests {
 /// server.
 class ManualOutput : public sound::SoundOutput {
  public:
-  static constexpr std::int64_t kLatency = 3528;  // 80 ms
+  static constexpr std::int64_t kLatency = 3969;  // 90 ms
 
   explicit ManualOutput(sound::DeckMixer& mixer) : mixer_(mixer) {}
 

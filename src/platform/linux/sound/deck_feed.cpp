@@ -18,7 +18,7 @@ void DeckFeed::quit() {
 }
 
 void DeckFeed::consumed() {
-  // One ring a sleep: the mix runs fifty times a second and must not make as many system calls.
+  // One ring a sleep: the mix runs often and must not make as many system calls.
   if (queue.size() <= queue.capacity() / 2 && asleep_.exchange(false)) ring();
 }
 

@@ -10,10 +10,13 @@ namespace {
 
 /// Low enough that a volume step is heard within 100 ms, with twice the time that a busy machine
 /// lets a thread wait.
-constexpr std::uint32_t kLatencyMs = 80;
+constexpr std::uint32_t kLatencyMs = 90;
 constexpr std::uint32_t kMostLatencyMs = 110;
-/// How much the server asks for at a time: fifty wake-ups a second.
-constexpr std::uint32_t kRequestMs = 20;
+/// What an under-run adds to it.
+constexpr std::uint32_t kMoreLatencyMs = 10;
+/// How much the server asks for at a time. Each piece wakes this program twice: to be filled, and
+/// when the server gives back its memory.
+constexpr std::uint32_t kRequestMs = 30;
 /// Silence put out behind the last sound before the stream stands still: all of it was heard then.
 constexpr std::int64_t kSilenceBeforeRest = kSampleRate * 3 / 10;
 
@@ -239,7 +242,7 @@ void PulseOutput::ranDry() {
   if (!playing_) return;
   ++underRuns_;
   if (latencyMs_ >= kMostLatencyMs) return;
-  latencyMs_ = std::min(latencyMs_ + kRequestMs / 2, kMostLatencyMs);
+  latencyMs_ = std::min(latencyMs_ + kMoreLatencyMs, kMostLatencyMs);
   const pa_buffer_attr wish = bufferWish();
   dontWait(pa_stream_set_buffer_attr(stream_, &wish, nullptr, nullptr));
 }

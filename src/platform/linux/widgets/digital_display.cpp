@@ -3,7 +3,9 @@
 #include <QContextMenuEvent>
 #include <QKeyEvent>
 #include <QMouseEvent>
+#include <QPaintEvent>
 #include <QPainter>
+#include <utility>
 
 #include "platform/linux/widgets/control_binding.h"
 #include "platform/linux/widgets/glass_colour.h"
@@ -22,24 +24,32 @@ DigitalDisplay::DigitalDisplay(controls::Label& label, QWidget* parent)
 }
 
 void DigitalDisplay::refresh() {
-  setAccessibleDescription(QString::fromStdString(label_.caption()));
+  const QString before = std::exchange(text_, QString::fromStdString(label_.caption()));
+  const QColor colour = toQColor(label_.foreColour());
+  setAccessibleDescription(text_);
+  // Every second one digit changes; to paint them all would be most of what a second costs.
+  if (colour == colour_) return update(changedSigns(room(), before, text_));
+  colour_ = colour;
   update();
 }
 
-void DigitalDisplay::paintEvent(QPaintEvent*) {
+bool DigitalDisplay::onLightGlass() const { return glassFor(colour_) == theme::kLightGlass; }
+
+QRectF DigitalDisplay::room() const {
+  // On dark glass the digits stand flush with the word below them.
+  return QRectF(rect()).adjusted(onLightGlass() ? 12 : 2, 7, -10, -9);
+}
+
+void DigitalDisplay::paintEvent(QPaintEvent* event) {
   QPainter painter(this);
   painter.setRenderHint(QPainter::Antialiasing);
-  const QColor colour = toQColor(label_.foreColour());
-  const QColor glass = glassFor(colour);
-  const bool light = glass == theme::kLightGlass;
+  const bool light = onLightGlass();
   if (light) {
     painter.setPen(Qt::NoPen);
-    painter.setBrush(glass);
+    painter.setBrush(glassFor(colour_));
     painter.drawRoundedRect(QRectF(rect()), theme::kRound, theme::kRound);
   }
-  // On dark glass the digits stand flush with the word below them.
-  const QRectF room = QRectF(rect()).adjusted(light ? 12 : 2, 7, -10, -9);
-  paintSevenSegments(painter, room, QString::fromStdString(label_.caption()), colour,
+  paintSevenSegments(painter, room(), event->rect(), text_, colour_,
                      light ? SegmentGlow::None : SegmentGlow::Soft);
   if (hasFocus()) theme::paintFocus(painter, rect());
 }

@@ -1,7 +1,9 @@
 // The large time.
 #pragma once
 
+#include <QColor>
 #include <QLabel>
+#include <QString>
 
 #include "controls/label.h"
 
@@ -26,9 +28,15 @@ class DigitalDisplay : public QLabel {
 
  private:
   void refresh();
+  bool onLightGlass() const;
+  /// Where the digits are.
+  QRectF room() const;
   void press(controls::MouseButton button);
 
   controls::Label& label_;
+  /// What was last told to the screen.
+  QString text_;
+  QColor colour_;
 };
 
 }  // namespace nerolith::widgets

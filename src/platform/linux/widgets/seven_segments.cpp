@@ -8,6 +8,7 @@
 #include <array>
 #include <cmath>
 #include <cstdint>
+#include <vector>
 
 namespace nerolith::widgets {
 namespace {
@@ -139,21 +140,53 @@ QPixmap pictureOf(QChar sign, const Face& face) {
   return picture;
 }
 
-}  // namespace
+qreal scaleOf(const QRectF& room, const QString& text) {
+  return std::min(room.height(), room.width() / widthOf(text));
+}
 
-void paintSevenSegments(QPainter& painter, const QRectF& room, const QString& text,
-                        const QColor& colour, SegmentGlow glow) {
-  if (text.isEmpty() || room.isEmpty()) return;
-  const qreal scale = std::min(room.height(), room.width() / widthOf(text));
-  const qreal ratio = painter.device()->devicePixelRatioF();
-  const auto onPixel = [ratio](qreal value) { return std::round(value * ratio) / ratio; };
-  const qreal top = onPixel(room.center().y() - scale / 2) - kMargin;
+/// Where the signs stand with the glow around them, from the left, before they are put on pixels.
+std::vector<QRectF> placesOf(const QRectF& room, const QString& text) {
+  const qreal scale = scaleOf(room, text);
+  std::vector<QRectF> places;
   qreal x = room.left();
   for (const QChar sign : text) {
-    painter.drawPixmap(QPointF(onPixel(x) - kMargin, top),
-                       pictureOf(sign, {scale, colour, glow, ratio}));
+    const QRectF bars(x, room.center().y() - scale / 2, (advanceOf(sign) + kLean) * scale, scale);
+    places.push_back(bars.adjusted(-kMargin, -kMargin, kMargin, kMargin));
     x += advanceOf(sign) * scale;
   }
+  return places;
+}
+
+/// The whole pixels that a sign there may touch, rounded either way.
+QRect touchedBy(const QRectF& place) { return place.toAlignedRect().adjusted(-1, -1, 1, 1); }
+
+}  // namespace
+
+void paintSevenSegments(QPainter& painter, const QRectF& room, const QRect& area,
+                        const QString& text, const QColor& colour, SegmentGlow glow) {
+  if (text.isEmpty() || room.isEmpty()) return;
+  const qreal ratio = painter.device()->devicePixelRatioF();
+  const Face face = {scaleOf(room, text), colour, glow, ratio};
+  const auto onPixel = [ratio](qreal value) { return std::round(value * ratio) / ratio; };
+  const auto places = placesOf(room, text);
+  for (std::size_t i = 0; i < places.size(); ++i) {
+    if (!touchedBy(places[i]).intersects(area)) continue;
+    painter.drawPixmap(QPointF(onPixel(places[i].left()), onPixel(places[i].top())),
+                       pictureOf(text[static_cast<qsizetype>(i)], face));
+  }
+}
+
+QRect changedSigns(const QRectF& room, const QString& before, const QString& after) {
+  const auto left = placesOf(room, before), here = placesOf(room, after);
+  const bool moved = left != here;
+  QRect changed;
+  for (std::size_t i = 0; i < std::max(left.size(), here.size()); ++i) {
+    const auto sign = static_cast<qsizetype>(i);
+    if (!moved && before[sign] == after[sign]) continue;
+    for (const auto& places : {left, here})
+      if (i < places.size()) changed |= touchedBy(places[i]);
+  }
+  return changed;
 }
 
 }  // namespace nerolith::widgets
