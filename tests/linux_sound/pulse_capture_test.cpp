@@ -5,7 +5,9 @@
 
 #include <algorithm>
 #include <cmath>
+#include <filesystem>
 #include <iostream>
+#include <iterator>
 #include <optional>
 #include <random>
 
@@ -155,6 +157,24 @@ TEST_F(CaptureOnServer, SoundIsThereToBeSeenTenTimesASecond) {
     before = now;
   }
   EXPECT_LE(empty, 1) << "the machine itself may stand still once";
+}
+
+TEST_F(CaptureOnServer, WakesNoThreadOfItsOwnAndIsThereAllTheSameWhenSomebodyLooks) {
+  const auto threads = [] {
+    const std::filesystem::directory_iterator all("/proc/self/task");
+    return std::distance(begin(all), end(all));
+  };
+  const auto device = capture.openDefaultDevice();
+  const auto before = threads();
+  constexpr std::int32_t kSecond = 176400;
+  const auto buffer = device->createBuffer(kFormat, kSecond);
+  buffer->startLooping();
+  EXPECT_EQ(threads(), before);
+  ASSERT_TRUE(within(3, [&] { return buffer->cursors().read != 0; }));
+  const std::int32_t from = buffer->cursors().read;
+  pass(1.5);  // a round and a half in which nobody asks
+  const double moved = ((buffer->cursors().read - from + kSecond) % kSecond) / 176400.0;
+  EXPECT_NEAR(moved, 0.5, 0.25);
 }
 
 TEST_F(CaptureOnServer, SongThatIsStartedBehindTheCaptureIsCapturedFromItsBeginning) {

@@ -5,7 +5,6 @@
 namespace nerolith::sound {
 
 void LoopingBuffer::append(std::span<const std::byte> sound) {
-  const std::lock_guard lock(mutex_);
   while (!sound.empty()) {
     const std::size_t count = std::min(sound.size(), bytes_.size() - position_);
     std::copy_n(sound.data(), count, bytes_.data() + position_);
@@ -15,7 +14,6 @@ void LoopingBuffer::append(std::span<const std::byte> sound) {
 }
 
 void LoopingBuffer::appendSilence(std::size_t count) {
-  const std::lock_guard lock(mutex_);
   while (count > 0) {
     const std::size_t piece = std::min(count, bytes_.size() - position_);
     std::fill_n(bytes_.data() + position_, piece, std::byte{0});
@@ -24,13 +22,7 @@ void LoopingBuffer::appendSilence(std::size_t count) {
   }
 }
 
-std::size_t LoopingBuffer::position() const {
-  const std::lock_guard lock(mutex_);
-  return position_;
-}
-
 void LoopingBuffer::read(std::size_t start, std::span<std::byte> into) const {
-  const std::lock_guard lock(mutex_);
   const std::size_t first = std::min(into.size(), bytes_.size() - start);
   std::copy_n(bytes_.data() + start, first, into.data());
   std::copy_n(bytes_.data(), into.size() - first, into.data() + first);

@@ -2,7 +2,6 @@
 #pragma once
 
 #include <cstddef>
-#include <mutex>
 #include <span>
 #include <vector>
 
@@ -10,7 +9,7 @@ namespace nerolith::sound {
 
 /// Bytes arrive at one end and go in behind one another; past the last byte it begins again at the
 /// first. Whoever reads has to come before the writer has gone round once: what is older is
-/// overwritten. One thread writes while another reads.
+/// overwritten. Used by one thread.
 class LoopingBuffer {
  public:
   /// `size` in bytes, > 0; filled with silence.
@@ -23,13 +22,12 @@ class LoopingBuffer {
   void appendSilence(std::size_t count);
 
   /// Where the next byte goes, 0..size-1: everything before it has arrived.
-  std::size_t position() const;
+  std::size_t position() const { return position_; }
   /// Copies `into.size()` bytes from `start` on, 0..size-1, going round where the buffer ends. At
   /// most one round.
   void read(std::size_t start, std::span<std::byte> into) const;
 
  private:
-  mutable std::mutex mutex_;
   std::vector<std::byte> bytes_;
   std::size_t position_ = 0;
 };

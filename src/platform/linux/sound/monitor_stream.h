@@ -20,12 +20,14 @@ namespace nerolith::sound {
 /// While the server is away, or has no output device, nothing arrives: the player's songs stand
 /// still then too, and both go on together when it is back.
 ///
-/// Lifecycle: made -> `connect` -> `run` <-> `rest`. Called from one thread; sound is delivered in
-/// a thread of its own.
+/// Lifecycle: made -> `connect` -> `run` <-> `rest`. Used by one thread. It has none of its own:
+/// what the server has sent waits until the owner asks for it, which costs nothing meanwhile. The
+/// server keeps what is asked for late, for some twenty seconds; who asks rarely hears late of a
+/// server that came back, too.
 class MonitorStream : private ServerLink::Owner {
  public:
-  /// Where the sound goes: bytes as they arrive, or the length of a hole in them. Called in the
-  /// stream's thread, and never again once `rest` or the destructor has begun.
+  /// Where the sound goes: bytes as they arrived, or the length of a hole in them. Called from
+  /// within `deliver`, `trouble`, `connect` and `run`; never while the stream rests.
   class Listener {
    public:
     virtual ~Listener() = default;
@@ -48,12 +50,11 @@ class MonitorStream : private ServerLink::Owner {
   /// Nothing is delivered any more.
   void rest();
 
-  /// The monitor in use; empty while there is none.
-  std::string monitor() const;
-  /// Why there is none, a few words; empty while there is one.
-  std::string trouble() const;
-  /// Times the server threw sound away because it was not fetched.
-  std::uint64_t overRuns() const;
+  /// Hands over all that has arrived by now.
+  void deliver();
+
+  /// Why there is no monitor to hear, a few words; empty while there is one.
+  std::string trouble();
 
  private:
   void linkReady() override;
@@ -78,7 +79,6 @@ class MonitorStream : private ServerLink::Owner {
   std::string monitor_;
   pa_stream* stream_ = nullptr;
   pa_operation* question_ = nullptr;  // the one under way about the default device
-  std::uint64_t overRuns_ = 0;
   ServerLink link_;
 };
 

@@ -36,6 +36,7 @@ class PulseCaptureBuffer : public CaptureBuffer, private MonitorStream::Listener
     capture_.ended(stream_);
   }
   CaptureCursors cursors() const override {
+    stream_.deliver();
     const auto arrived = static_cast<std::int32_t>(sound_.position());
     return {arrived, arrived};
   }
@@ -56,7 +57,7 @@ class PulseCaptureBuffer : public CaptureBuffer, private MonitorStream::Listener
 
   PulseCapture& capture_;
   LoopingBuffer sound_;
-  MonitorStream stream_;
+  mutable MonitorStream stream_;  // what has arrived was there before it was asked for
 };
 
 class DefaultMonitor : public CaptureDevice {

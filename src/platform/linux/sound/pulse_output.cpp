@@ -83,7 +83,7 @@ std::uint64_t PulseOutput::underRuns() const {
 }
 
 void PulseOutput::connect() {
-  context_ = newPlayerContext(loop_);
+  context_ = newPlayerContext(pa_threaded_mainloop_get_api(loop_));
   pa_context_set_state_callback(
       context_, [](pa_context*, void* self) { static_cast<PulseOutput*>(self)->contextChanged(); },
       this);

@@ -25,9 +25,9 @@ constexpr milliseconds kPatience{2000};
 class PulseToneBuffer : public platform::ToneBuffer, private ServerLink::Owner {
  public:
   PulseToneBuffer(const pa_sample_spec& format, std::size_t bytes)
-      : format_(format), sound_(bytes), link_(*this, "tone") {}
+      : format_(format), sound_(bytes), link_(*this, std::make_unique<ThreadedLoop>("tone")) {}
   ~PulseToneBuffer() override {
-    const LoopLock locked = link_.lock();
+    const auto locked = link_.lock();
     dropStream();
     link_.close();
   }
@@ -61,7 +61,7 @@ class PulseToneBuffer : public platform::ToneBuffer, private ServerLink::Owner {
 };
 
 void PulseToneBuffer::connect() {
-  const LoopLock locked = link_.lock();
+  const auto locked = link_.lock();
   link_.open();
   const bool answered = link_.waitUntil(
       [this] { return ready() || link_.refused() || !trouble_.empty(); }, kPatience);
@@ -72,14 +72,14 @@ void PulseToneBuffer::connect() {
 }
 
 void PulseToneBuffer::write(std::span<const std::int16_t> samples) {
-  const LoopLock locked = link_.lock();
+  const auto locked = link_.lock();
   const auto bytes = std::as_bytes(samples);
   if (bytes.size() < sound_.size()) throw Failure("The tone is shorter than its buffer.");
   std::copy_n(bytes.data(), sound_.size(), sound_.data());
 }
 
 void PulseToneBuffer::playLooping() {
-  const LoopLock locked = link_.lock();
+  const auto locked = link_.lock();
   if (playing_) return;
   playing_ = true;
   if (!ready()) return;
@@ -88,7 +88,7 @@ void PulseToneBuffer::playLooping() {
 }
 
 void PulseToneBuffer::stop() {
-  const LoopLock locked = link_.lock();
+  const auto locked = link_.lock();
   if (!playing_) return;
   playing_ = false;
   if (!ready()) return;

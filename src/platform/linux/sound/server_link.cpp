@@ -17,13 +17,12 @@ timeval timeIn(milliseconds delay) {
 
 }  // namespace
 
-pa_context* newPlayerContext(pa_threaded_mainloop* loop) {
+pa_context* newPlayerContext(pa_mainloop_api* loop) {
   pa_proplist* about = pa_proplist_new();
   pa_proplist_sets(about, PA_PROP_APPLICATION_NAME, "Nerolith");
   pa_proplist_sets(about, PA_PROP_APPLICATION_ID, "velmarion");
   pa_proplist_sets(about, PA_PROP_APPLICATION_ICON_NAME, "velmarion");
-  pa_context* context =
-      pa_context_new_with_proplist(pa_threaded_mainloop_get_api(loop), "Nerolith", about);
+  pa_context* context = pa_context_new_with_proplist(loop, "Nerolith", about);
   pa_proplist_free(about);
   return context;
 }
@@ -32,19 +31,12 @@ void dontWait(pa_operation* asked) {
   if (asked != nullptr) pa_operation_unref(asked);
 }
 
-ServerLink::ServerLink(Owner& owner, const char* threadName)
-    : owner_(owner), loop_(pa_threaded_mainloop_new()) {
-  pa_threaded_mainloop_set_name(loop_, threadName);
-  pa_threaded_mainloop_start(loop_);
-}
+ServerLink::ServerLink(Owner& owner, std::unique_ptr<ServerLoop> loop)
+    : owner_(owner), loop_(std::move(loop)) {}
 
 ServerLink::~ServerLink() {
-  {
-    const LoopLock locked(loop_);
-    close();
-  }
-  pa_threaded_mainloop_stop(loop_);
-  pa_threaded_mainloop_free(loop_);
+  const auto locked = lock();
+  close();
 }
 
 void ServerLink::close() {
@@ -57,7 +49,7 @@ bool ServerLink::ready() const {
 }
 
 void ServerLink::open() {
-  context_ = newPlayerContext(loop_);
+  context_ = newPlayerContext(loop_->api());
   pa_context_set_state_callback(
       context_, [](pa_context*, void* self) { static_cast<ServerLink*>(self)->contextChanged(); },
       this);
@@ -102,27 +94,27 @@ void ServerLink::dropContext() {
 
 bool ServerLink::waitUntil(const std::function<bool()>& done, milliseconds patience) {
   struct Bell {
-    pa_threaded_mainloop* loop;
+    ServerLoop& loop;
     bool rung;
-  } bell{loop_, false};
-  pa_mainloop_api* api = pa_threaded_mainloop_get_api(loop_);
+  } bell{*loop_, false};
+  pa_mainloop_api* api = loop_->api();
   const timeval when = timeIn(patience);
   pa_time_event* event = api->time_new(
       api, &when,
       [](pa_mainloop_api*, pa_time_event*, const timeval*, void* data) {
         auto* late = static_cast<Bell*>(data);
         late->rung = true;
-        pa_threaded_mainloop_signal(late->loop, 0);
+        late->loop.changed();
       },
       &bell);
-  while (!done() && !bell.rung) pa_threaded_mainloop_wait(loop_);
+  while (!done() && !bell.rung) loop_->wait();
   api->time_free(event);
   return done();
 }
 
 void ServerLink::later(milliseconds delay, std::function<void()> work) {
   work_ = std::move(work);
-  pa_mainloop_api* api = pa_threaded_mainloop_get_api(loop_);
+  pa_mainloop_api* api = loop_->api();
   const timeval when = timeIn(delay);
   if (alarm_ != nullptr) {
     api->time_restart(alarm_, &when);
@@ -140,7 +132,7 @@ void ServerLink::later(milliseconds delay, std::function<void()> work) {
 void ServerLink::notLater() {
   work_ = nullptr;
   if (alarm_ == nullptr) return;
-  pa_threaded_mainloop_get_api(loop_)->time_free(alarm_);
+  loop_->api()->time_free(alarm_);
   alarm_ = nullptr;
 }
 

@@ -5,7 +5,11 @@
 
 #include <chrono>
 #include <functional>
+#include <memory>
+#include <mutex>
 #include <string>
+
+#include "platform/linux/sound/server_loop.h"
 
 namespace nerolith::sound {
 
@@ -22,18 +26,18 @@ class LoopLock {
 };
 
 /// A context, not connected yet, that names the player as the server shows it to the user.
-pa_context* newPlayerContext(pa_threaded_mainloop* loop);
+pa_context* newPlayerContext(pa_mainloop_api* loop);
 
 /// Nobody waits for what was asked of the server.
 void dontWait(pa_operation* asked);
 
 /// Speaks the PulseAudio protocol, which PipeWire serves too. Lifecycle: made -> open -> close, and
-/// gone. It has a thread of its own, the main loop's; everything but construction, `lock` and the
-/// destructor is called with the lock held, or in that thread. A server that goes away is tried
-/// again once a second.
+/// gone. It works in its loop; everything but construction, `lock` and the destructor is called
+/// with the lock held, or from within the loop. A server that goes away is tried again once a
+/// second.
 class ServerLink {
  public:
-  /// Whose connection it is; told in the link's thread.
+  /// Whose connection it is; told from within the loop.
   class Owner {
    public:
     virtual ~Owner() = default;
@@ -43,13 +47,13 @@ class ServerLink {
     virtual void linkLost() = 0;
   };
 
-  /// Does not connect yet. `threadName` is at most 15 characters long.
-  ServerLink(Owner& owner, const char* threadName);
+  /// Does not connect yet.
+  ServerLink(Owner& owner, std::unique_ptr<ServerLoop> loop);
   ~ServerLink();
   ServerLink(const ServerLink&) = delete;
   ServerLink& operator=(const ServerLink&) = delete;
 
-  LoopLock lock() const { return LoopLock(loop_); }
+  std::unique_lock<ServerLoop> lock() const { return std::unique_lock(*loop_); }
 
   /// Begins to connect and does not wait.
   void open();
@@ -64,12 +68,15 @@ class ServerLink {
   const std::string& refusal() const { return refusal_; }
 
   /// Called by the owner whenever something changed that another thread may be waiting for.
-  void changed() { pa_threaded_mainloop_signal(loop_, 0); }
-  /// Lets the link's thread work until `done` holds; false when that took longer than `patience`.
-  /// Not in the link's thread.
+  void changed() { loop_->changed(); }
+  /// Lets the loop work until `done` holds; false when that took longer than `patience`. Not from
+  /// within the loop.
   bool waitUntil(const std::function<bool()>& done, std::chrono::milliseconds patience);
 
-  /// Runs `work` once, that much later, in the link's thread. A second call replaces the first.
+  /// Lets the loop do what is due.
+  void work() { loop_->work(); }
+
+  /// Runs `work` once, that much later, within the loop. A second call replaces the first.
   void later(std::chrono::milliseconds delay, std::function<void()> work);
   /// Takes that back.
   void notLater();
@@ -80,7 +87,7 @@ class ServerLink {
   void dropContext();
 
   Owner& owner_;
-  pa_threaded_mainloop* loop_;
+  std::unique_ptr<ServerLoop> loop_;
   pa_context* context_ = nullptr;
   pa_time_event* alarm_ = nullptr;
   std::function<void()> work_;
