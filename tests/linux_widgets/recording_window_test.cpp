@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <QAccessible>
+#include <QBackingStore>
 #include <QDir>
 #include <QLineEdit>
 #include <QPaintEvent>
@@ -14,6 +15,7 @@
 #include "platform/linux/widgets/glass_colour.h"
 #include "platform/linux/widgets/meter_bar.h"
 #include "platform/linux/widgets/qt_window_host.h"
+#include "platform/linux/widgets/straight_paint.h"
 #include "shown_form.h"
 
 namespace nerolith::widgets {
@@ -139,21 +141,52 @@ class PaintWatch : public QObject {
   }
 };
 
-TEST_F(RecordingForm, TheMeterPaintsOnlyTheLightsThatChange) {
+/// Works on the pixels that the window shows.
+template <typename Work>
+void onScreen(const QWidget& window, Work work) {
+  window.backingStore()->beginPaint(QRegion());
+  work(*dynamic_cast<QImage*>(window.backingStore()->paintDevice()));
+  window.backingStore()->endPaint();
+}
+
+QImage screenOf(const QWidget& window) {
+  QImage copy;
+  onScreen(window, [&copy](const QImage& screen) { copy = screen.copy(); });
+  return copy;
+}
+
+/// Marks each of the meter's lights on the screen, and tells which have lost their mark.
+std::vector<int> unmarkedLights(const QWidget& meter) {
+  std::vector<int> unmarked;
+  onScreen(*meter.window(), [&](QImage& screen) {
+    for (int light = 0; light < 65; ++light) {
+      const QPoint mark = meter.mapTo(meter.window(), QPoint(6 * light + 2, 3));
+      if (screen.pixelColor(mark) != Qt::magenta) unmarked.push_back(light);
+      screen.setPixelColor(mark, Qt::magenta);
+    }
+  });
+  return unmarked;
+}
+
+TEST_F(RecordingForm, TheMeterPaintsOnlyTheLightsThatChangeAndSendsNobodyToPaint) {
   auto* meter = findNamed<MeterBar>(*window, "Peak level");
   ASSERT_NE(meter, nullptr);
   const auto show = [this](float percent) {
     form.ProgressBar1.setValue(percent);
     QCoreApplication::processEvents();
   };
+  ASSERT_TRUE(QTest::qWaitForWindowExposed(window));
   show(50);  // 33 of its 65 lights
   PaintWatch painted(*meter);
+  unmarkedLights(*meter);
   show(50.5F);
-  EXPECT_TRUE(painted.areas.empty());
+  EXPECT_EQ(unmarkedLights(*meter), std::vector<int>());
   show(53);
-  ASSERT_EQ(painted.areas.size(), 1U);
-  EXPECT_EQ(painted.areas.front(), QRect(198, 0, 12, meter->height()));
+  EXPECT_EQ(unmarkedLights(*meter), (std::vector<int>{33, 34}));
+  show(51);
+  EXPECT_EQ(unmarkedLights(*meter), std::vector<int>{34});
   for (const float percent : {80.0F, 20.0F, 100.0F, 0.0F, 3.0F, 66.0F}) show(percent);
+  EXPECT_TRUE(painted.areas.empty());
   const auto plain = [](const QPixmap& picture) {
     return picture.toImage().convertToFormat(QImage::Format_RGB32);
   };
@@ -164,6 +197,26 @@ TEST_F(RecordingForm, TheMeterPaintsOnlyTheLightsThatChange) {
   for (int y = place.top(); y <= place.bottom(); ++y)
     for (const int gap : {4, 5, 382, 383})
       EXPECT_EQ(seen.pixel(place.left() + gap, y), seen.pixel(place.left() - 1, y));
+}
+
+TEST_F(RecordingForm, APictureThatDoesNotFitTheScreenIsLeftToThePainter) {
+  auto* meter = findNamed<MeterBar>(*window, "Peak level");
+  ASSERT_NE(meter, nullptr);
+  ASSERT_TRUE(QTest::qWaitForWindowExposed(window));
+  const QImage before = screenOf(*window);
+  QImage picture(meter->size(), kStraightFormat);
+  picture.fill(Qt::magenta);
+  const QRect light(0, 0, 4, 18);
+  QImage wide = picture;
+  wide.setDevicePixelRatio(1.5);
+  EXPECT_FALSE(putStraight(*meter, light, wide)) << "another scale";
+  EXPECT_FALSE(putStraight(*meter, light, picture.convertToFormat(QImage::Format_RGB32)));
+  EXPECT_FALSE(putStraight(*meter, light.translated(meter->width(), 0), picture)) << "beside it";
+  EXPECT_EQ(screenOf(*window), before);
+  EXPECT_TRUE(putStraight(*meter, light, picture));
+  EXPECT_NE(screenOf(*window), before);
+  window->hide();
+  EXPECT_FALSE(putStraight(*meter, light, picture)) << "nobody sees it";
 }
 
 TEST_F(RecordingForm, TheMeterTellsAScreenReaderItsPercent) {

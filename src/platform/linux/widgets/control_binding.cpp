@@ -67,10 +67,15 @@ void ControlBinding::follow(controls::Control& other) {
 void ControlBinding::bringInLine() {
   const bool enabled = control_.enabled() && (!gate_ || gate_());
   if (widget_.isEnabled() != enabled) widget_.setEnabled(enabled);
-  const QString tip = QString::fromStdString(control_.toolTip());
-  if (widget_.toolTip() != tip) widget_.setToolTip(tip);
-  const QString name = QString::fromStdString(control_.accessibleName());
-  if (!name.isEmpty() && widget_.accessibleName() != name) widget_.setAccessibleName(name);
+  // Some controls change ten times a second, their words hardly ever.
+  if (tip_ != control_.toolTip()) {
+    tip_ = control_.toolTip();
+    widget_.setToolTip(QString::fromStdString(tip_));
+  }
+  if (name_ != control_.accessibleName() && !control_.accessibleName().empty()) {
+    name_ = control_.accessibleName();
+    widget_.setAccessibleName(QString::fromStdString(name_));
+  }
   if (refresh_) refresh_();
   if (shown_ != control_.visible()) {
     shown_ = control_.visible();

@@ -3,6 +3,7 @@
 
 #include <QObject>
 #include <functional>
+#include <string>
 #include <vector>
 
 #include "controls/control.h"
@@ -39,6 +40,7 @@ class ControlBinding : public QObject {
   std::function<void()> refresh_;
   std::function<bool()> gate_;
   std::vector<base::Subscription> subscriptions_;
+  std::string tip_, name_;  // as the widget has them
   bool shown_ = true;
   unsigned held_ = 0;
 };

@@ -7,6 +7,7 @@
 
 #include "platform/linux/widgets/control_binding.h"
 #include "platform/linux/widgets/glass_colour.h"
+#include "platform/linux/widgets/straight_paint.h"
 #include "platform/linux/widgets/theme.h"
 
 namespace nerolith::widgets {
@@ -36,12 +37,27 @@ void MeterBar::refresh() {
   const int lit = litLights();
   const auto [from, to] = std::minmax({shown_, lit});
   shown_ = lit;
-  if (from < to) repaint(from * kPitch, 0, (to - from) * kPitch, height());
+  const QRect changed(from * kPitch, 0, (to - from) * kPitch, height());
+  if (from < to && !showStraight(changed & rect())) repaint(changed);
   tellValue();
+}
+
+/// What changed is lit all through or dark all through.
+bool MeterBar::showStraight(const QRect& changed) {
+  if (!testAttribute(Qt::WA_OpaquePaintEvent)) return false;
+  QImage& picture = changed.left() < shown_ * kPitch ? full_ : dark_;
+  if (picture.isNull() || picture.devicePixelRatio() != devicePixelRatioF()) {
+    picture = QImage(size() * devicePixelRatioF(), kStraightFormat);
+    picture.setDevicePixelRatio(devicePixelRatioF());
+    QPainter painter(&picture);
+    paintLights(painter, rect(), &picture == &full_ ? lights() : 0);
+  }
+  return putStraight(*this, changed, picture);
 }
 
 void MeterBar::settle() {
   shown_ = litLights();
+  dark_ = full_ = QImage();
   setAttribute(Qt::WA_OpaquePaintEvent, panel_ && panel_->isPlainAt(geometry()));
   update();
 }
@@ -53,18 +69,22 @@ bool MeterBar::eventFilter(QObject*, QEvent* event) {
 
 void MeterBar::paintEvent(QPaintEvent* event) {
   QPainter painter(this);
+  paintLights(painter, event->rect(), shown_);
+}
+
+void MeterBar::paintLights(QPainter& painter, const QRect& area, int lit) const {
   if (testAttribute(Qt::WA_OpaquePaintEvent)) {
     painter.translate(-pos());
-    panel_->paintPlain(painter, event->rect().translated(pos()));
+    panel_->paintPlain(painter, area.translated(pos()));
     painter.translate(pos());
   }
   painter.setRenderHint(QPainter::Antialiasing);
   painter.setPen(Qt::NoPen);
   const int count = lights();
-  const int last = std::min(event->rect().right() / kPitch, count - 1);
-  for (int i = event->rect().left() / kPitch; i <= last; ++i) {
+  const int last = std::min(area.right() / kPitch, count - 1);
+  for (int i = area.left() / kPitch; i <= last; ++i) {
     QColor colour = toQColor(bar().colourAt(100.0F * static_cast<float>(i) / count));
-    if (i >= shown_) colour.setAlpha(kUnlitAlpha);
+    if (i >= lit) colour.setAlpha(kUnlitAlpha);
     painter.setBrush(colour);
     painter.drawRoundedRect(QRectF(i * kPitch, 0, kLight, height()), 1, 1);
   }

@@ -1,13 +1,16 @@
 // The meter of the recording level.
 #pragma once
 
+#include <QImage>
+
 #include "platform/linux/widgets/bar_view.h"
 #include "platform/linux/widgets/panel.h"
 
 namespace nerolith::widgets {
 
 /// A row of small lights, each in the colour of its place on the bar. Within a panel it paints the
-/// panel's ground, too: so with each light that changes the window need not be painted behind it.
+/// panel's ground, too: so with each light that changes the window need not be painted behind it,
+/// and the light comes straight out of a picture that was painted once.
 class MeterBar : public BarView {
  public:
   MeterBar(controls::ProgressBar& bar, QWidget* parent);
@@ -23,11 +26,14 @@ class MeterBar : public BarView {
  private:
   void refresh();
   void settle();
+  bool showStraight(const QRect& changed);
+  void paintLights(QPainter& painter, const QRect& area, int lit) const;
   int lights() const;
   int litLights() const;
 
   Panel* panel_;
-  int shown_ = 0;  // lights that are lit on the screen
+  int shown_ = 0;       // lights that are lit on the screen
+  QImage dark_, full_;  // all of it, with none and with all of them lit; null until needed
 };
 
 }  // namespace nerolith::widgets
