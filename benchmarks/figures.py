@@ -8,6 +8,7 @@ import statistics
 import subprocess
 import time
 
+import recording_window
 from desktop import Desktop
 from sound import CardWatch, make_song, stream_latency
 from x_client import XClient
@@ -280,6 +281,15 @@ def _tell_recordings(report, ours, peers, hard, busy_seconds):
     report.figure(f"the same in {busy_seconds} s, all cores busy", hard["breaks"], "", 0,
                   f"{hard['milliseconds'] / 1000:.1f} s recorded")
     report.figure("halves fetched too late in that time", hard["missed"], "", 0)
+
+
+def window(report, built):
+    """What recording adds to the open recording section, its meter moving, beside parec."""
+    opened, recorded, peer = recording_window.measure(built.player)
+    report.figure("recording section open, processor for a second", opened, "ms")
+    report.figure("recording in it, the same", recorded, "ms")
+    report.figure("parec --file-format=wav, the same", peer, "ms")
+    report.figure("recording over the open section / parec", (recorded - opened) / peer, "x", 1.5)
 
 
 def _encode(desktop, name, seconds, *options):

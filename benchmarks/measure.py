@@ -6,7 +6,8 @@ import sys
 import figures
 from report import Report, load
 
-ALL = ("lists", "rules", "start", "play", "click", "steady", "record", "playtime")
+ALL = ("lists", "rules", "start", "play", "click", "steady", "record", "window",
+       "playtime")
 
 
 def main():
