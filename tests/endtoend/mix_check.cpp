@@ -71,7 +71,10 @@ class MixChecker {
     worst_ = 0;
     steps_ = 0;
     double hundredths = 0, drift = 0;
-    if (steps.empty()) return complain(old, next, "does not fade"), 0;
+    if (steps.empty()) {
+      complain(old, next, "does not fade");
+      return 0;
+    }
     if (std::abs(full - kToneLevel) > tolerance_.level)
       complain(old, next, sentence("is at ", full, " dB before it fades"));
     wait_ = steps.front().at - began;
@@ -132,7 +135,10 @@ std::vector<std::string> checkMixes(const Sound& sound, const std::vector<MixedS
   std::vector<double> starts;
   for (const MixedSong& song : songs) {
     starts.push_back(startOf(sound, song));
-    if (starts.back() < 0) return complaints.push_back(song.name + " is not heard"), figures;
+    if (starts.back() < 0) {
+      complaints.push_back(song.name + " is not heard");
+      return figures;
+    }
   }
   for (std::size_t i = 0; i + 1 < songs.size(); ++i)
     figures.push_back(checker.check(songs[i], starts[i], songs[i + 1], starts[i + 1]));

@@ -94,6 +94,31 @@ TEST_F(RecordingFormTest, TheMeterLightsUpToThePeak) {
   EXPECT_NE(pixel(meter, 1, middle), RGB(0, 192, 0));
 }
 
+int paintsOfMeter = 0;
+
+LRESULT CALLBACK countPaints(HWND window, UINT message, WPARAM first, LPARAM second, UINT_PTR,
+                             DWORD_PTR) {
+  if (message == WM_PAINT) ++paintsOfMeter;
+  return DefSubclassProc(window, message, first, second);
+}
+
+TEST_F(RecordingFormTest, TheMeterIsPaintedOnlyWhenALightChanges) {
+  const HWND meter = FindWindowExW(window(), nullptr, L"msctls_progress32", nullptr);
+  ASSERT_NE(meter, nullptr);
+  form.ProgressBar1.setValue(50);
+  shown.settle();
+  UpdateWindow(meter);
+  ASSERT_TRUE(SetWindowSubclass(meter, &countPaints, 1, 0));
+  paintsOfMeter = 0;
+  form.ProgressBar1.setValue(50.1F);
+  shown.settle();
+  EXPECT_EQ(paintsOfMeter, 0);
+  form.ProgressBar1.setValue(60);
+  shown.settle();
+  EXPECT_GT(paintsOfMeter, 0);
+  RemoveWindowSubclass(meter, &countPaints, 1);
+}
+
 TEST_F(RecordingFormTest, StandsBesideTheMainWindowFollowsItAndIsLeftWhereTheUserPutsIt) {
   const HWND owner = shown.window();
   EXPECT_EQ(GetWindow(window(), GW_OWNER), owner);

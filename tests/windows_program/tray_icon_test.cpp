@@ -31,6 +31,14 @@ BOOL CALLBACK lookForHost(HWND window, LPARAM data) {
   return FALSE;
 }
 
+BOOL CALLBACK tellOfTaskBar(HWND window, LPARAM told) {
+  DWORD process = 0;
+  GetWindowThreadProcessId(window, &process);
+  if (process == static_cast<DWORD>(told))
+    PostMessageW(window, RegisterWindowMessageW(L"TaskbarCreated"), 0, 0);
+  return TRUE;
+}
+
 struct TrayIcon : testing::Test {
   TrayIcon() {
     for (const char* name : {"one.wav", "two.wav", "three.wav"})
@@ -50,12 +58,18 @@ struct TrayIcon : testing::Test {
     return FindWindowExW(hostOf(player), nullptr, L"STATIC", L"Tray icon");
   }
   /// Whether the shell knows an icon of this window: it changes none that it does not.
-  static bool shellKnows(HWND picture) {
+  static bool shellKnows(HWND picture) { return tellShell(NIM_MODIFY, picture); }
+  static void shellForgets(HWND picture) { tellShell(NIM_DELETE, picture); }
+  static bool tellShell(DWORD message, HWND picture) {
     NOTIFYICONDATAA data{};
     data.cbSize = NOTIFYICONDATAA_V1_SIZE;
     data.hWnd = picture;
     data.uID = kIconId;
-    return Shell_NotifyIconA(NIM_MODIFY, &data) != FALSE;
+    return Shell_NotifyIconA(message, &data) != FALSE;
+  }
+  /// The shell tells the windows of the top level, here those of the player alone.
+  static void taskBarIsMadeAnew(const RunningPlayer& player) {
+    EnumWindows(&tellOfTaskBar, static_cast<LPARAM>(GetProcessId(player.process())));
   }
   static bool iconIsIn(HWND picture) {
     return within(10000, [&] { return shellKnows(picture); });
@@ -95,6 +109,16 @@ TEST_F(TrayIcon, ComesWithTheWindowAndGoesWithTheProgram) {
   EXPECT_FALSE(IsWindowVisible(hostOf(player)));
   EXPECT_EQ(player.close(), 0u);
   EXPECT_TRUE(within(5000, [&] { return !shellKnows(picture); }));
+}
+
+TEST_F(TrayIcon, ComesAgainWhenTheTaskBarIsMadeAnew) {
+  const RunningPlayer player(here() + L",1");
+  const HWND picture = pictureOf(player);
+  ASSERT_TRUE(iconIsIn(picture));
+  shellForgets(picture);
+  ASSERT_FALSE(shellKnows(picture));
+  taskBarIsMadeAnew(player);
+  EXPECT_TRUE(iconIsIn(picture));
 }
 
 TEST_F(TrayIcon, PlayNextPlaysTheNextSongWhileTheWindowIsHidden) {

@@ -15,7 +15,10 @@ HRESULT WINAPI makeText(const wchar_t* words, UINT32 length, HSTRING* text) {
   return S_OK;
 }
 
-HRESULT WINAPI dropText(HSTRING text) { return delete textOf(text), S_OK; }
+HRESULT WINAPI dropText(HSTRING text) {
+  delete textOf(text);
+  return S_OK;
+}
 
 HRESULT WINAPI findFactory(HSTRING name, REFIID wanted, void** found) {
   if (*textOf(name) != utf8Text(abi::kControlsClass) ||
@@ -60,7 +63,8 @@ HRESULT WINAPI FakeTransport::Controls::add_ButtonPressed(abi::Handler* handler,
 
 HRESULT WINAPI FakeTransport::Controls::remove_ButtonPressed(EventRegistrationToken token) {
   fake.say("removed", token.value);
-  return buttons->Release(), S_OK;
+  buttons->Release();
+  return S_OK;
 }
 
 HRESULT WINAPI FakeTransport::Controls2::UpdateTimelineProperties(abi::Timeline* value) {
@@ -80,7 +84,8 @@ HRESULT WINAPI FakeTransport::Controls2::add_PlaybackPositionChangeRequested(
 HRESULT WINAPI
 FakeTransport::Controls2::remove_PlaybackPositionChangeRequested(EventRegistrationToken token) {
   fake.say("removed", token.value);
-  return positions->Release(), S_OK;
+  positions->Release();
+  return S_OK;
 }
 
 }  // namespace nerolith::windows

@@ -14,9 +14,8 @@ namespace nerolith::windows {
 template <typename Interface>
 struct Inspectable : Interface {
   HRESULT WINAPI QueryInterface(REFIID, void** found) override {
-    *found = this;
     AddRef();
-    return S_OK;
+    return give(found, this);
   }
   ULONG WINAPI AddRef() override { return ++references; }
   ULONG WINAPI Release() override { return --references; }
@@ -26,6 +25,13 @@ struct Inspectable : Interface {
   ULONG references = 0;
   virtual ~Inspectable() = default;
 };
+
+/// As a call answers that hands something out.
+template <typename Place, typename Value>
+HRESULT give(Place* place, Value value) {
+  *place = value;
+  return S_OK;
+}
 
 class FakeTransport {
  public:
@@ -55,12 +61,12 @@ class FakeTransport {
 
   struct Pressed final : Inspectable<abi::ButtonPressed> {
     abi::Button button{};
-    HRESULT WINAPI get_Button(abi::Button* value) override { return *value = button, S_OK; }
+    HRESULT WINAPI get_Button(abi::Button* value) override { return give(value, button); }
   };
   struct Requested final : Inspectable<abi::PositionRequested> {
     abi::Ticks position = 0;
     HRESULT WINAPI get_RequestedPlaybackPosition(abi::Ticks* value) override {
-      return *value = position, S_OK;
+      return give(value, position);
     }
   };
 
@@ -100,15 +106,19 @@ class FakeTransport {
     HRESULT WINAPI put_Thumbnail(IInspectable*) override { return E_NOTIMPL; }
     HRESULT WINAPI get_MusicProperties(abi::Music** value) override {
       fake.music.AddRef();
-      return *value = &fake.music, S_OK;
+      return give(value, &fake.music);
     }
     NEROLITH_UNUSED_GET(VideoProperties, IInspectable*)
     NEROLITH_UNUSED_GET(ImageProperties, IInspectable*)
     HRESULT WINAPI CopyFromFileAsync(abi::PlaybackType, IInspectable*, IInspectable**) override {
       return E_NOTIMPL;
     }
-    HRESULT WINAPI ClearAll() override { return fake.trace << "ClearAll | ", S_OK; }
-    HRESULT WINAPI Update() override { return fake.trace << "Update | ", S_OK; }
+    HRESULT WINAPI ClearAll() override { return wrote("ClearAll | "); }
+    HRESULT WINAPI Update() override { return wrote("Update | "); }
+    HRESULT wrote(const char* call) {
+      fake.trace << call;
+      return S_OK;
+    }
   };
   struct Controls final : Inspectable<abi::Controls> {
     explicit Controls(FakeTransport& owner) : fake(owner) {}
@@ -117,12 +127,12 @@ class FakeTransport {
     HRESULT WINAPI QueryInterface(REFIID wanted, void** found) override {
       if (!IsEqualGUID(wanted, abi::kControls2)) return E_NOINTERFACE;
       fake.controls2.AddRef();
-      return *found = static_cast<abi::Controls2*>(&fake.controls2), S_OK;
+      return give(found, static_cast<abi::Controls2*>(&fake.controls2));
     }
     NEROLITH_TOLD(PlaybackStatus, abi::PlaybackStatus)
     HRESULT WINAPI get_DisplayUpdater(abi::DisplayUpdater** value) override {
       fake.display.AddRef();
-      return *value = &fake.display, S_OK;
+      return give(value, &fake.display);
     }
     NEROLITH_UNUSED_GET(SoundLevel, int)
     NEROLITH_TOLD(IsEnabled, abi::Truth)

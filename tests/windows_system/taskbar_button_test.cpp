@@ -25,7 +25,10 @@ class ToldTaskbar final : public ITaskbarList3 {
   HRESULT WINAPI QueryInterface(REFIID, void**) override { return E_NOINTERFACE; }
   ULONG WINAPI AddRef() override { return static_cast<ULONG>(++references); }
   ULONG WINAPI Release() override { return static_cast<ULONG>(--references); }
-  HRESULT WINAPI HrInit() override { return trace << "init | ", S_OK; }
+  HRESULT WINAPI HrInit() override {
+    trace << "init | ";
+    return S_OK;
+  }
   HRESULT WINAPI AddTab(HWND) override { return E_NOTIMPL; }
   HRESULT WINAPI DeleteTab(HWND) override { return E_NOTIMPL; }
   HRESULT WINAPI ActivateTab(HWND) override { return E_NOTIMPL; }

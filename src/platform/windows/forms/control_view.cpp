@@ -151,7 +151,8 @@ std::optional<LRESULT> ControlView::onMessage(UINT message, WPARAM first, LPARAM
   if (auto result = onOwnMessage(message, first, second)) return result;
   switch (message) {
     case WM_PAINT:
-      return paintWindow(), 0;
+      paintWindow();
+      return 0;
     case WM_ERASEBKGND:
       return 1;
     default:

@@ -62,14 +62,17 @@ LRESULT DigitalDisplay::keyDown(WPARAM key) {
 std::optional<LRESULT> DigitalDisplay::onOwnMessage(UINT message, WPARAM first, LPARAM second) {
   switch (message) {
     case WM_LBUTTONUP:
-      return clicked(second), 0;
+      clicked(second);
+      return 0;
     case WM_KEYDOWN:
       return keyDown(first);
     case WM_SETCURSOR:
-      return SetCursor(LoadCursorW(nullptr, IDC_HAND)), TRUE;
+      SetCursor(LoadCursorW(nullptr, IDC_HAND));
+      return TRUE;
     case WM_SETTEXT:  // the class would paint the text itself
     case WM_ENABLE:
-      return repaint(), DefWindowProcW(handle(), message, first, second);
+      repaint();
+      return DefWindowProcW(handle(), message, first, second);
     default:
       return std::nullopt;
   }

@@ -100,9 +100,18 @@ void FolderPopup::open() {
 }
 
 bool FolderPopup::keyDown(WPARAM key) {
-  if (key == VK_ESCAPE) return quietly([this] { folders_.setVisible(false); }), true;
-  if (key == VK_RETURN) return open(), true;
-  if (key == VK_SPACE) return quietly([this] { folders_.userClick(); }), true;
+  if (key == VK_ESCAPE) {
+    quietly([this] { folders_.setVisible(false); });
+    return true;
+  }
+  if (key == VK_RETURN) {
+    open();
+    return true;
+  }
+  if (key == VK_SPACE) {
+    quietly([this] { folders_.userClick(); });
+    return true;
+  }
   return false;
 }
 
@@ -157,7 +166,8 @@ std::optional<LRESULT> FolderPopup::onOwnMessage(UINT message, WPARAM first, LPA
   switch (message) {
     case WM_NCPAINT:
       passOn(message, first, second);
-      return paintFrame(), 0;
+      paintFrame();
+      return 0;
     case WM_PAINT:
     case WM_ERASEBKGND:
       return passOn(message, first, second);

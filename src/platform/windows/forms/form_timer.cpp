@@ -30,7 +30,10 @@ void FormTimer::tick() {
 }
 
 std::optional<LRESULT> FormTimer::onMessage(UINT message, WPARAM first, LPARAM) {
-  if (message == WM_TIMER && first == kTick) return tick(), 0;
+  if (message == WM_TIMER && first == kTick) {
+    tick();
+    return 0;
+  }
   return std::nullopt;
 }
 

@@ -343,12 +343,22 @@ std::optional<LRESULT> FormWindow::onFormMessage(UINT message, WPARAM first, LPA
     case WM_SYSCOMMAND:  // a lone Alt would take the keyboard to the window's own menu
       return (first & 0xFFF0) == SC_KEYMENU && second == 0 ? std::optional<LRESULT>(0)
                                                            : std::nullopt;
+    default:
+      return onOwnMessage(message);
+  }
+}
+
+std::optional<LRESULT> FormWindow::onOwnMessage(UINT message) {
+  switch (message) {
     case kLayOut:
-      return layOut(), 0;
+      layOut();
+      return 0;
     case kPopUp:
-      return popUp(), 0;
+      popUp();
+      return 0;
     case kFilesDropped:
-      return quietly([this] { drop_->handOver(); }), 0;
+      quietly([this] { drop_->handOver(); });
+      return 0;
     default:
       return std::nullopt;
   }

@@ -83,6 +83,8 @@ class FormWindow final : public Window, private FormGround {
   LRESULT dpiChanged(int dpi, const RECT& place);
   LRESULT bounded(MINMAXINFO& bounds) const;
   std::optional<LRESULT> onFormMessage(UINT message, WPARAM first, LPARAM second);
+  /// What this window has posted to itself, or is posted by what belongs to it.
+  std::optional<LRESULT> onOwnMessage(UINT message);
 
   controls::Form& form_;
   Listener listener_;

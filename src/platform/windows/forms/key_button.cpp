@@ -39,7 +39,10 @@ Theme::KeyState KeyButton::state() const {
 }
 
 std::optional<LRESULT> KeyButton::onParentMessage(UINT message, WPARAM first, LPARAM second) {
-  if (message == WM_COMMAND && HIWORD(first) == BN_CLICKED) return clicked(), 0;
+  if (message == WM_COMMAND && HIWORD(first) == BN_CLICKED) {
+    clicked();
+    return 0;
+  }
   if (message != WM_DRAWITEM) return std::nullopt;
   drawOn(reinterpret_cast<const DRAWITEMSTRUCT*>(second)->hDC);
   return TRUE;

@@ -81,12 +81,15 @@ std::optional<LRESULT> LabelView::onOwnMessage(UINT message, WPARAM first, LPARA
   switch (message) {
     case WM_LBUTTONDOWN:
     case WM_LBUTTONDBLCLK:
-      return pressed_ = true, 0;
+      pressed_ = true;
+      return 0;
     case WM_LBUTTONUP:
-      return clicked(second), 0;
+      clicked(second);
+      return 0;
     case WM_SETTEXT:  // the class would paint the text itself
     case WM_ENABLE:
-      return repaint(), DefWindowProcW(handle(), message, first, second);
+      repaint();
+      return DefWindowProcW(handle(), message, first, second);
     default:
       return std::nullopt;
   }

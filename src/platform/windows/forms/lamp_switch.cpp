@@ -43,7 +43,8 @@ void LampView::paint(Canvas& canvas) {
 
 std::optional<LRESULT> LampView::onOwnMessage(UINT message, WPARAM first, LPARAM second) {
   if (message != WM_SETTEXT && message != WM_ENABLE) return std::nullopt;
-  return repaint(), DefWindowProcW(handle(), message, first, second);
+  repaint();
+  return DefWindowProcW(handle(), message, first, second);
 }
 
 SwitchView::SwitchView(FormGround& ground, controls::Control& control, DWORD style,
@@ -91,7 +92,10 @@ void SwitchView::paint(Canvas& canvas) {
 }
 
 std::optional<LRESULT> SwitchView::onParentMessage(UINT message, WPARAM first, LPARAM second) {
-  if (message == WM_COMMAND && HIWORD(first) == BN_CLICKED) return clicked(), 0;
+  if (message == WM_COMMAND && HIWORD(first) == BN_CLICKED) {
+    clicked();
+    return 0;
+  }
   if (message == WM_NOTIFY && reinterpret_cast<const NMHDR*>(second)->code == NM_CUSTOMDRAW) {
     drawOn(reinterpret_cast<const NMCUSTOMDRAW*>(second)->hdc);
     return CDRF_SKIPDEFAULT;

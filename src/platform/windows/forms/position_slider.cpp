@@ -119,16 +119,21 @@ std::optional<LRESULT> PositionSlider::onOwnMessage(UINT message, WPARAM first, 
   switch (message) {
     case WM_LBUTTONDOWN:
     case WM_LBUTTONDBLCLK:
-      return pressed(GET_X_LPARAM(second)), 0;
+      pressed(GET_X_LPARAM(second));
+      return 0;
     case WM_MOUSEMOVE:
-      return dragged(GET_X_LPARAM(second)), 0;
+      dragged(GET_X_LPARAM(second));
+      return 0;
     case WM_LBUTTONUP:
     case WM_CAPTURECHANGED:
-      return released(), 0;
+      released();
+      return 0;
     case WM_KEYDOWN:
-      return keyDown(first), 0;
+      keyDown(first);
+      return 0;
     case WM_MOUSEWHEEL:
-      return wheel(GET_WHEEL_DELTA_WPARAM(first)), 0;
+      wheel(GET_WHEEL_DELTA_WPARAM(first));
+      return 0;
     default:
       return std::nullopt;
   }

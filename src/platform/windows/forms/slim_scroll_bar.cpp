@@ -107,13 +107,17 @@ std::optional<LRESULT> SlimScrollBar::onMessage(UINT message, WPARAM, LPARAM sec
   switch (message) {
     case WM_LBUTTONDOWN:
     case WM_LBUTTONDBLCLK:
-      return pressed(GET_Y_LPARAM(second)), 0;
+      pressed(GET_Y_LPARAM(second));
+      return 0;
     case WM_MOUSEMOVE:
-      return dragged(GET_Y_LPARAM(second)), 0;
+      dragged(GET_Y_LPARAM(second));
+      return 0;
     case WM_LBUTTONUP:
-      return released(), 0;
+      released();
+      return 0;
     case WM_PAINT:
-      return paint(), 0;
+      paint();
+      return 0;
     case WM_ERASEBKGND:
       return 1;
     default:

@@ -260,23 +260,31 @@ void SongListView::activated(LPARAM where) {
 std::optional<LRESULT> SongListView::onOwnMessage(UINT message, WPARAM first, LPARAM second) {
   switch (message) {
     case WM_LBUTTONDOWN:
-      return quietly([&] { pressed(second, first); }), 0;
+      quietly([&] { pressed(second, first); });
+      return 0;
     case WM_LBUTTONDBLCLK:
-      return quietly([&] { activated(second); }), 0;
+      quietly([&] { activated(second); });
+      return 0;
     case WM_MOUSEMOVE:
-      return quietly([&] { swept(second); }), 0;
+      quietly([&] { swept(second); });
+      return 0;
     case WM_LBUTTONUP:
       sweeping_ = false;
       ReleaseCapture();
-      return quietly([&] { letGo(second, controls::MouseButton::Left); }), 0;
+      quietly([&] { letGo(second, controls::MouseButton::Left); });
+      return 0;
     case WM_RBUTTONDOWN:
-      return pressedRow_ = rowAt(second, false), 0;
+      pressedRow_ = rowAt(second, false);
+      return 0;
     case WM_RBUTTONUP:
-      return quietly([&] { letGo(second, controls::MouseButton::Right); }), 0;
+      quietly([&] { letGo(second, controls::MouseButton::Right); });
+      return 0;
     case WM_KEYDOWN:
-      return quietly([&] { keyDown(first); }), 0;
+      quietly([&] { keyDown(first); });
+      return 0;
     case WM_CHAR:
-      return quietly([&] { typed(static_cast<wchar_t>(first)); }), 0;
+      quietly([&] { typed(static_cast<wchar_t>(first)); });
+      return 0;
     case WM_PAINT:
     case WM_ERASEBKGND:
       return passOn(message, first, second);

@@ -22,8 +22,14 @@ TaskBarWatch::TaskBarWatch(std::function<void()> created, std::function<void()> 
 }
 
 std::optional<LRESULT> TaskBarWatch::onMessage(UINT message, WPARAM first, LPARAM) {
-  if (message == createdMessage_) return created_(), 0;
-  if (message == WM_TIMER && first == kLook) return timeToLook_(), 0;
+  if (message == createdMessage_) {
+    created_();
+    return 0;
+  }
+  if (message == WM_TIMER && first == kLook) {
+    timeToLook_();
+    return 0;
+  }
   return std::nullopt;
 }
 

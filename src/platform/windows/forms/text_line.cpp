@@ -76,7 +76,10 @@ void TextLine::edited() {
 }
 
 std::optional<LRESULT> TextLine::onParentMessage(UINT message, WPARAM first, LPARAM) {
-  if (message == WM_COMMAND && HIWORD(first) == EN_CHANGE) return edited(), 0;
+  if (message == WM_COMMAND && HIWORD(first) == EN_CHANGE) {
+    edited();
+    return 0;
+  }
   if (message != WM_CTLCOLOREDIT && message != WM_CTLCOLORSTATIC) return std::nullopt;
   const auto dc = reinterpret_cast<HDC>(first);
   SetTextColor(dc, (enabled() ? ink::kPlain : ink::kFaint).ref());

@@ -21,7 +21,8 @@ class Win32EventQueue::Alarm : public Window {
  protected:
   std::optional<LRESULT> onMessage(UINT message, WPARAM first, LPARAM) override {
     if (message != WM_TIMER || first != kCallsWait) return std::nullopt;
-    return queue_.runNext(), 0;
+    queue_.runNext();
+    return 0;
   }
 
  private:
