@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "base/failure.h"
+#include "forms/editor_form.h"
 #include "windows_forms/shown_form.h"
 #include "windows_program/object_count.h"
 
@@ -191,6 +192,28 @@ TEST_F(FormWindowTest, PaintingKeepsNoDrawingObjects) {
   ASSERT_GT(before, 10) << "they are not counted";
   for (int i = 0; i < 30; ++i) repaint();
   EXPECT_LE(objects(), before + 2);
+}
+
+TEST_F(FormWindowTest, AWindowWhoseFormChangesAsItComesUpIsMadeOnce) {
+  static std::vector<HWND> seen;
+  seen.clear();
+  forms::EditorForm editor;
+  const auto changes = editor.form_4.activate.subscribe([&editor] {
+    editor.form_4.setCaption("C:\\best.m3u");
+    EnumThreadWindows(
+        GetCurrentThreadId(),
+        [](HWND window, LPARAM) -> BOOL {
+          seen.push_back(window);
+          return TRUE;
+        },
+        0);
+  });
+  shown.host.add(editor.form_4);
+  editor.form_4.setVisible(true);
+  shown.settle();
+  EXPECT_FALSE(seen.empty());
+  for (const HWND window : seen) EXPECT_TRUE(IsWindow(window));
+  shown.host.remove(editor.form_4);
 }
 
 }  // namespace

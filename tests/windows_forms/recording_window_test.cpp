@@ -94,6 +94,23 @@ TEST_F(RecordingFormTest, TheMeterLightsUpToThePeak) {
   EXPECT_NE(pixel(meter, 1, middle), RGB(0, 192, 0));
 }
 
+TEST_F(RecordingFormTest, AWindowThatComesBackToTheFrontGivesTheKeyboardToWhatHadIt) {
+  const HWND key = button(form.Label2[2]);
+  SetActiveWindow(window());
+  SetFocus(key);
+  SetActiveWindow(shown.window());
+  shown.settle();
+  ASSERT_NE(GetFocus(), key);
+  SetActiveWindow(window());
+  shown.settle();
+  EXPECT_EQ(GetFocus(), key);
+  form.Label2[2].setEnabled(false);  // it takes no keys: whoever tabs on has to start somewhere
+  SetActiveWindow(shown.window());
+  SetActiveWindow(window());
+  shown.settle();
+  EXPECT_NE(GetFocus(), key);
+}
+
 int paintsOfMeter = 0;
 
 LRESULT CALLBACK countPaints(HWND window, UINT message, WPARAM first, LPARAM second, UINT_PTR,

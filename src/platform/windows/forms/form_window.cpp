@@ -36,7 +36,6 @@ FormWindow::FormWindow(controls::Form& form, HWND owner) : form_(form) {
   drop_ = std::make_unique<FileDrop>(handle(), kFilesDropped, form_);
   subscribe();
   takeSize();
-  followForm();
 }
 
 FormWindow::~FormWindow() {
@@ -263,10 +262,19 @@ std::optional<LRESULT> FormWindow::toView(HWND view, UINT message, WPARAM first,
 }
 
 LRESULT FormWindow::activated(UINT message, WPARAM first, LPARAM second) {
+  if (LOWORD(first) == WA_INACTIVE && IsChild(handle(), GetFocus())) focused_ = GetFocus();
   const LRESULT result = passOn(message, first, second);
   const bool minimised = HIWORD(first) != 0;
   if (LOWORD(first) != WA_INACTIVE && !minimised) quietly([this] { form_.activate.raise(); });
   return result;
+}
+
+/// The system gives the keyboard to the window, not to the control that had it.
+std::optional<LRESULT> FormWindow::focusCame() {
+  if (!IsChild(handle(), focused_) || !IsWindowVisible(focused_) || !IsWindowEnabled(focused_))
+    return std::nullopt;
+  SetFocus(focused_);
+  return 0;
 }
 
 LRESULT FormWindow::closed() {
@@ -338,6 +346,8 @@ std::optional<LRESULT> FormWindow::onFormMessage(UINT message, WPARAM first, LPA
       return dpiChanged(LOWORD(first), *reinterpret_cast<const RECT*>(second));
     case WM_ACTIVATE:
       return activated(message, first, second);
+    case WM_SETFOCUS:
+      return focusCame();
     case WM_CLOSE:
       return closed();
     case WM_SYSCOMMAND:  // a lone Alt would take the keyboard to the window's own menu

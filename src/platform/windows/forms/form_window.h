@@ -13,8 +13,9 @@
 
 namespace nerolith::windows_forms {
 
-/// Built with the form's layout when it is made; afterwards follows the form: shown, hidden,
-/// brought forward, entitled, and painted with its picture or the theme's panel. The form hears of
+/// Built with the form's layout when it is made; from `followForm` on it follows the form: shown,
+/// hidden, brought forward, entitled, and painted with its picture or the theme's panel. What had
+/// the keyboard has it again when the window comes back to the front. The form hears of
 /// keys before the focused control does, of the mouse moving over the window (except over the
 /// controls that an overlay belongs to), of activation and of closing. With an owner, it opens over
 /// the owner's middle and stays in front of it.
@@ -22,6 +23,10 @@ class FormWindow final : public Window, private FormGround {
  public:
   explicit FormWindow(controls::Form& form, HWND owner = nullptr);
   ~FormWindow() override;
+
+  /// Becomes as the form is now, which may show it. A form may change itself as it comes up, so
+  /// whoever keeps the window has to have it by then.
+  void followForm();
 
   /// The window of a control that is laid out in this one; nullptr for another.
   HWND windowOf(const controls::PlacedControl& control) const;
@@ -53,7 +58,6 @@ class FormWindow final : public Window, private FormGround {
 
   void build();
   void subscribe();
-  void followForm();
   void takePicture();
   void show(bool visible);
   void bringForward();
@@ -79,6 +83,7 @@ class FormWindow final : public Window, private FormGround {
   LRESULT activated(UINT message, WPARAM first, LPARAM second);
   LRESULT closed();
   LRESULT painted();
+  std::optional<LRESULT> focusCame();
   LRESULT sized(WPARAM kind);
   LRESULT dpiChanged(int dpi, const RECT& place);
   LRESULT bounded(MINMAXINFO& bounds) const;
@@ -88,6 +93,7 @@ class FormWindow final : public Window, private FormGround {
 
   controls::Form& form_;
   Listener listener_;
+  HWND focused_ = nullptr;  // the control that had the keyboard when the window lost it
   std::unique_ptr<Theme> theme_;
   Backdrop backdrop_;
   std::unique_ptr<FormLayout> layout_;

@@ -26,6 +26,7 @@ struct Win32WindowHost::Hosted {
     const FormWindow* owner = form.owner() ? host.windowOf(*form.owner()) : nullptr;
     window = std::make_unique<FormWindow>(form, owner ? owner->handle() : nullptr);
     window->setListener(listener);
+    window->followForm();
   }
 
   const Win32WindowHost& host;
