@@ -10,7 +10,8 @@ namespace {
 
 Outcome fiveSongsMix() {
   Stage stage;
-  stage.prepare({"1 first.wav", "2 second.mp3", "3 third.mp2", "4 fourth.aif", "5 fifth.wma"}, 8);
+  stage.prepare({"1 first.wav", "2 second.mp3", "3 third.mp2", "4 fourth.aif", demands().lastMixed},
+                8);
   stage.open({.mode = 2, .mixLead = 4, .fadeLength = 2});
   if (!stage.recording->waitForTone(stage.songs.back().hertz, 50))
     return stage.outcome({"the last song is not reached"});

@@ -44,10 +44,11 @@ void endLeftovers(const PrivateDesktop& desktop);
 /// What is demanded of this program's sound, where the machine under it sets the limit.
 struct SoundDemands {
   MixTolerance mix;
-  double cut = 0.002;     // the same where a song is stopped or paused
-  double stopped = 0.2;   // seconds from the key to silence
-  double resumed = 0.05;  // seconds by which the song may go on elsewhere
-  double resumeGap = 0;   // seconds of silence soon after the song goes on
+  std::string lastMixed = "5 fifth.wma";  // of five songs in five formats that are mixed
+  double cut = 0.002;                     // the same where a song is stopped or paused
+  double stopped = 0.2;                   // seconds from the key to silence
+  double resumed = 0.05;                  // seconds by which the song may go on elsewhere
+  double resumeGap = 0;                   // seconds of silence soon after the song goes on
 };
 SoundDemands demands();
 
