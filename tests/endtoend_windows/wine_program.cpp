@@ -139,8 +139,7 @@ void endLeftovers(const PrivateDesktop& desktop) { endWine(desktop); }
 // 45; and nothing is ramped, so that each step of 2.38 dB is a jump of up to 6 % of full scale, and
 // a song that is cut in mid-swing one of up to 25 %. A bare DirectShow graph that is paused and run
 // again breaks off for 6 to 14 ms, about 160 ms after it is heard again; 32 ms on a busy machine.
-// On a busy machine its wma decoder begins a song with what is left of one that it had decoded
-// ahead.
+// On a busy machine its wma decoder may begin a song with a frame that it had decoded ahead.
 SoundDemands demands() {
   SoundDemands wine;
   wine.mix.opening = 0.45;

@@ -232,28 +232,28 @@ TEST_F(RecordingTest, ANewStartAfterAnExitDuringTheFadeIsNotEndedByThatFade) {
   EXPECT_GT(machine.output.bytes("C:\\rec\\b.wav").size(), 4 * 352800U);
 }
 
-TEST_F(RecordingTest, AFadeThatANewStartCutShortStopsNothingWhileTheFileIsChosen) {
-  record();
-  machine.advance(3s);
-  machine.clearTrace();
-  form().Label2[3].userClick();
-  machine.advance(1s);
-  machine.dialogs.chooseFile("C:\\rec\\b.wav", 10s);
-  window().Label2_Click(2);
-  EXPECT_EQ(asked(),
-            "player.fade | dialogs.save Select Filename to record to | player.stop | player.play");
-}
+/// Starts to record, and in the midst of the fade at its end again, into a file that takes that
+/// long to be chosen.
+class FadeCutShortTest : public RecordingTest {
+ protected:
+  void startAnewDuringTheFade(std::chrono::seconds choosing) {
+    record();
+    machine.advance(3s);
+    machine.clearTrace();
+    form().Label2[3].userClick();
+    machine.advance(1s);
+    machine.dialogs.chooseFile("C:\\rec\\b.wav", choosing);
+    window().Label2_Click(2);
+    EXPECT_EQ(
+        asked(),
+        "player.fade | dialogs.save Select Filename to record to | player.stop | player.play");
+  }
+};
 
-TEST_F(RecordingTest, ANewStartDuringTheFadeFinishesTheFileAndRecordsIntoTheNext) {
-  record();
-  machine.advance(3s);
-  machine.clearTrace();
-  form().Label2[3].userClick();
-  machine.advance(1s);
-  machine.dialogs.chooseFile("C:\\rec\\b.wav", 2s);
-  window().Label2_Click(2);
-  EXPECT_EQ(asked(),
-            "player.fade | dialogs.save Select Filename to record to | player.stop | player.play");
+TEST_F(FadeCutShortTest, ItStopsNothingWhileTheFileIsChosen) { startAnewDuringTheFade(10s); }
+
+TEST_F(FadeCutShortTest, TheFileIsFinishedAndTheNextRecorded) {
+  startAnewDuringTheFade(2s);
   machine.advance(20s);
   EXPECT_TRUE(section.recording());
   EXPECT_EQ(count(written(), "output.close"), "1");

@@ -27,7 +27,7 @@ void DigitalDisplay::refresh() {
   const QString before = std::exchange(text_, QString::fromStdString(label_.caption()));
   const QColor colour = toQColor(label_.foreColour());
   setAccessibleDescription(text_);
-  // Every second one digit changes; to paint them all would be most of what a second costs.
+  // Every second one digit changes, mostly: the others need not be painted for it.
   if (colour == colour_) return update(changedSigns(room(), before, text_));
   colour_ = colour;
   update();
