@@ -80,9 +80,15 @@ class Accessibility : public ::testing::Test {
                                     [&](const Told& told) { return told.name == name; });
     return found == controls.end() ? Told{} : *found;
   }
-  /// Every control has what a screen reader needs, and among them are those of these names.
+  /// Every control has what a screen reader needs, and among them are those of these names. What
+  /// comes or goes while it is read is half told: it is read again.
   std::vector<Told> expectWords(const std::vector<std::string>& names) const {
-    const std::vector<Told> seen = controls();
+    std::vector<Told> seen;
+    waitUntil(3, [&] {
+      seen = controls();
+      return std::all_of(seen.begin(), seen.end(),
+                         [](const Told& told) { return complaintOf(told).empty(); });
+    });
     for (const std::string& name : names) EXPECT_EQ(named(seen, name).name, name) << describe(seen);
     for (const Told& told : seen) EXPECT_EQ(complaintOf(told), "") << describe({told});
     return seen;
